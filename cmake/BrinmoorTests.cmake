@@ -1,0 +1,26 @@
+# brinmoor_test(<name> SOURCES ... LINKS ... [DESKTOP] [TIMEOUT seconds])
+#
+# A GoogleTest program, one ctest entry a test case. DESKTOP runs it inside a virtual display with
+# a window manager and a private D-Bus session, one entry for the whole program.
+
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+function(brinmoor_test name)
+    cmake_parse_arguments(ARG "DESKTOP" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE brinmoor_options ${ARG_LINKS} GTest::gmock)
+    if(ARG_DESKTOP)
+        target_link_libraries(${name} PRIVATE GTest::gtest)
+        add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/in-desktop $<TARGET_FILE:${name}>)
+        set_tests_properties(${name} PROPERTIES
+            TIMEOUT ${ARG_TIMEOUT} LABELS "desktop;${ARG_LABELS}" RESOURCE_LOCK display)
+    else()
+        target_link_libraries(${name} PRIVATE GTest::gtest_main)
+        gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+            LABELS "logic;${ARG_LABELS}")
+    endif()
+endfunction()

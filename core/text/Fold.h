@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brinmoor::text {
+
+/// Which letters change case in their own way.
+enum class FoldRule {
+    standard,
+    turkic, ///< Turkish and Azeri: dotted and dotless i are two letters
+};
+
+/// The rule of a locale name such as "tr_TR.UTF-8" or "de-DE".
+[[nodiscard]] FoldRule foldRule(std::string_view locale) noexcept;
+
+/// Sets the user's locale for folded(), collation and date labels. Called once at start, before
+/// any other thread runs; until then the locale is the root one.
+void setUserLocale(std::string_view locale);
+[[nodiscard]] const std::string& userLocale() noexcept;
+
+/// The comparison form of a text: letter case and diacritics removed (NFD, marks removed, full
+/// case folding). Input that is not UTF-8 has each bad byte read as U+FFFD.
+[[nodiscard]] std::string folded(std::string_view text, FoldRule rule);
+/// The same under the user's locale.
+[[nodiscard]] std::string folded(std::string_view text);
+
+} // namespace brinmoor::text
