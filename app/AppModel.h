@@ -29,7 +29,6 @@ class ScriptRunner;
 class Workspace;
 
 enum class AppSection { library, tags, account, settings };
-enum class TabCleanupApproval { ask, immediate };
 
 /// What the model needs from outside. All of it outlives the model.
 struct AppParts {
@@ -145,23 +144,35 @@ private:
         std::string title;
     };
     enum class Feedback { error, capture };
+    enum class Tone { plain, failure };
+    enum class Tagging { none, suggested };
 
+    // The document and the words.
+    void loadLibrary();
+    /// The single door for a change of the library: written first, then adopted, then the undo
+    /// record. False, with nothing changed and the failure reported, when it can't be written.
     [[nodiscard]] bool commit(Library next, Feedback feedback,
                               std::optional<std::string> undoTitle);
     void report(std::string text, Feedback feedback);
     void setError(std::optional<std::string> text);
+    void say(std::string_view title, std::string_view message, Tone tone = Tone::plain);
+
+    // Capture.
     void setCapturing(bool capturing);
-    void say(std::string title, std::string message, bool isError = false);
-
-    QCoro::Task<> runCapture(CaptureAction action);
-    void captured(CaptureAction action, CapturedTabs tabs);
-    bool saveCaptured(std::vector<SavedLink> links, bool autoTag);
-    QCoro::Task<> closeAfterSave(std::optional<CapturedTabTarget> target, std::string closed,
-                                 std::string leftOpen);
+    void captureFailed(const CaptureFailure& failed);
+    void captured(CaptureAction action, CapturedTabs tabs, bool closeAfter);
+    bool saveCaptured(std::vector<SavedLink> links, Tagging tagging);
+    static void refreshStored(Library& library, const std::vector<SavedLink>& captured);
+    QCoro::Task<> closeAfterCapture(std::optional<CapturedTabTarget> target);
     void beginNote(SavedLink link, std::optional<CapturedTabTarget> closeTarget);
+    void beginTabSelection(std::vector<SavedLink> links);
+    void endDraft();
     [[nodiscard]] const SavedLink* storedLink(std::string_view url) const;
+    [[nodiscard]] SavedLink withSuggestedTags(const SavedLink& link) const;
 
-    void storeShortcuts();
+    // Shortcuts.
+    void adoptShortcuts(ShortcutMap shortcuts, const std::vector<CaptureAction>& failed);
+    void setShortcutError(CaptureAction action, std::string text);
 
     Clock& clock_;
     Preferences& preferences_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CaptureDraft.h"
+#include "app/SavedSettings.h"
 #include "core/capture/CaptureNotice.h"
 
 #include <functional>
@@ -95,7 +96,7 @@ public:
     /// Says `text` to assistive technology at once, on behalf of `panel`.
     virtual void announce(Panel& panel, const std::string& text) = 0;
     /// Switches every open window to the dark or the light theme.
-    virtual void setAppearance(const std::string& appAppearance) = 0;
+    virtual void setAppearance(AppAppearance appearance) = 0;
 };
 
 } // namespace brinmoor

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/AppModel.h"
+#include "app/Panels.h"
+#include "platform/Subscription.h"
+#include "platform/Workspace.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace brinmoor {
+
+/// The shell: which window exists when, which draft it shows, where a notice goes and for how
+/// long. No rule about links lives here. Main thread.
+class AppDelegate final {
+public:
+    /// All of it outlives the shell.
+    AppDelegate(const AppParts& parts, Panels& panels);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+
+    /// Sets the appearance, makes the model, installs its callbacks, makes the library window and
+    /// shows it, in this order. Called once.
+    void launch();
+
+    /// The model; nullptr before launch().
+    [[nodiscard]] AppModel* model() const noexcept { return model_.get(); }
+
+    /// Shows how a browser is connected; a notice's button asks for it.
+    std::function<void()> openAutomationSettings;
+
+    void openLibrary();
+    void openSettings();
+
+    [[nodiscard]] Panel* libraryWindow() const noexcept { return libraryWindow_.get(); }
+    [[nodiscard]] Panel* captureEditor() const noexcept { return captureEditor_.get(); }
+    [[nodiscard]] Panel* tabSelectionPanel() const noexcept { return tabSelectionPanel_.get(); }
+    [[nodiscard]] Panel* toastPanel() const noexcept { return toastPanel_.get(); }
+
+private:
+    void installCallbacks();
+    void openCaptureEditor(const CaptureDraft& draft);
+    void closeCaptureEditor();
+    void openTabSelection(const TabSelectionDraft& draft);
+    void closeTabSelection();
+    void presentToast(const CaptureNotice& notice);
+    [[nodiscard]] std::optional<PanelPoint> toastOrigin(PanelSize size) const;
+    [[nodiscard]] NoticeActions noticeActions();
+    void rememberFrontApplication();
+
+    AppParts parts_;
+    Panels& panels_;
+    std::unique_ptr<AppModel> model_;
+    std::unique_ptr<Panel> libraryWindow_;
+    std::unique_ptr<Panel> captureEditor_;
+    std::optional<Uuid> editorDraftID_;
+    std::unique_ptr<Panel> tabSelectionPanel_;
+    std::optional<Uuid> tabSelectionDraftID_;
+    std::optional<RunningApplication> returnToApp_;
+    std::unique_ptr<Panel> toastPanel_;
+    Subscription toastDismiss_;
+};
+
+} // namespace brinmoor

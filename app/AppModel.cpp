@@ -1,0 +1,134 @@
+#include "app/AppModel.h"
+
+#include "app/GlobalShortcut.h"
+#include "app/SavedSettings.h"
+#include "core/text/Wording.h"
+#include "platform/Clock.h"
+#include "platform/Preferences.h"
+
+#include <utility>
+
+namespace brinmoor {
+
+using text::worded;
+
+AppModel::AppModel(const AppParts& parts)
+    : clock_(parts.clock), preferences_(parts.preferences), file_(parts.libraryPath) {
+    const SavedSettings saved = SavedSettings::read(preferences_);
+    closeAfterQuickSave_ = saved.closeAfterQuickSave;
+    autoTaggingEnabled_ = saved.autoTaggingEnabled;
+    captureService_ = std::make_unique<BrowserCapture>(parts.workspace, preferences_, clock_,
+                                                       parts.scripts);
+    hotkey_ = std::make_unique<GlobalShortcut>(parts.hotKeys);
+    const auto stored = preferences_.data("captureShortcuts");
+    shortcuts_ = decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);
+    loadLibrary();
+    hotkey_->action = [this](CaptureAction action) { capture(action); };
+    hotkey_->lost = [this](CaptureAction action) {
+        setShortcutError(action, worded("Unavailable. Choose another shortcut."));
+    };
+    restoreShortcuts();
+}
+
+AppModel::~AppModel() = default;
+
+void AppModel::loadLibrary() {
+    auto loaded = file_.load();
+    if (loaded) {
+        library_ = std::move(loaded).value();
+        return;
+    }
+    loadFailed_ = true;
+    error_ = worded("Your saved library couldn’t be opened. The original file has been kept "
+                    "untouched at ") +
+             file_.path() + worded(". Restore a valid backup there, then restart Brinmoor. ") +
+             loaded.error().description();
+}
+
+bool AppModel::commit(Library next, Feedback feedback, std::optional<std::string> undoTitle) {
+    if (loadFailed_) {
+        report(worded("Your library couldn’t be opened. Restore a valid backup and restart "
+                      "Brinmoor. Your original file is unchanged."),
+               feedback);
+        return false;
+    }
+    if (const auto saved = file_.save(next); !saved) {
+        report(worded("Couldn’t write to your library. ") + saved.error().description(), feedback);
+        return false;
+    }
+    if (next == library_)
+        return true;
+    if (undoTitle)
+        lastLibraryUndo_ = LibraryUndo{std::move(library_), std::move(*undoTitle)};
+    else
+        lastLibraryUndo_.reset();
+    library_ = std::move(next);
+    Q_EMIT libraryChanged();
+    return true;
+}
+
+void AppModel::report(std::string text, Feedback feedback) {
+    if (feedback == Feedback::error)
+        setError(std::move(text));
+    else
+        notify({.id = clock_.newUuid(),
+                .title = worded("Couldn’t save your tab"),
+                .message = std::move(text),
+                .isError = true,
+                .clipboardURL = {}});
+}
+
+QString AppModel::errorText() const {
+    return error_ ? QString::fromStdString(*error_) : QString();
+}
+
+void AppModel::setError(std::optional<std::string> text) {
+    error_ = std::move(text);
+    Q_EMIT errorChanged();
+}
+
+void AppModel::dismissError() {
+    setError(std::nullopt);
+}
+
+void AppModel::say(std::string_view title, std::string_view message, Tone tone) {
+    notify({.id = clock_.newUuid(),
+            .title = worded(title),
+            .message = worded(message),
+            .isError = tone == Tone::failure,
+            .clipboardURL = {}});
+}
+
+void AppModel::notify(CaptureNotice notice) {
+    toast_ = notice;
+    Q_EMIT toastChanged();
+    if (showToast)
+        showToast(notice);
+    toastEnd_ = clock_.after(notice.duration(), [this, id = notice.id] {
+        if (!toast_ || toast_->id != id)
+            return;
+        toast_.reset();
+        Q_EMIT toastChanged();
+    });
+}
+
+void AppModel::setSection(AppSection section) {
+    if (section_ == section)
+        return;
+    section_ = section;
+    Q_EMIT sectionChanged();
+}
+
+void AppModel::setCloseAfterQuickSave(bool on) {
+    closeAfterQuickSave_ = on;
+    preferences_.set("closeAfterQuickSave", on);
+    Q_EMIT preferencesChanged();
+}
+
+void AppModel::setAutoTaggingEnabled(bool on) {
+    autoTaggingEnabled_ = on;
+    preferences_.set("autoTaggingEnabled", on);
+    Q_EMIT preferencesChanged();
+}
+
+} // namespace brinmoor
