@@ -1,0 +1,83 @@
+#include "core/library/SavedLink.h"
+
+#include "core/text/Characters.h"
+#include "core/text/WebAddress.h"
+
+#include <algorithm>
+
+namespace brinmoor {
+
+namespace {
+
+constexpr std::size_t longestTag = 50;
+constexpr std::string_view hostLabel = "www.";
+
+std::string_view withoutHashes(std::string_view text) {
+    const auto first = text.find_first_not_of('#');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of('#') - first + 1);
+}
+
+} // namespace
+
+std::string_view storedValue(LinkImportance importance) noexcept {
+    return importance == LinkImportance::important ? "important" : "notNeeded";
+}
+
+std::string_view title(LinkImportance importance) noexcept {
+    return importance == LinkImportance::important ? "Important" : "Not needed";
+}
+
+std::optional<LinkImportance> linkImportance(std::string_view storedValue) noexcept {
+    for (const LinkImportance importance : allLinkImportances)
+        if (brinmoor::storedValue(importance) == storedValue)
+            return importance;
+    return std::nullopt;
+}
+
+SavedLink::SavedLink(std::string url_, std::string title_, std::string browser_,
+                     std::string collection_, Uuid id_, Instant createdAt_)
+    : id(id_), url(std::move(url_)), title(std::move(title_)), browser(std::move(browser_)),
+      createdAt(createdAt_), collection(std::move(collection_)) {}
+
+std::vector<std::string> SavedLink::normalizedTags(const std::vector<std::string>& tags) {
+    std::vector<std::string> result;
+    // A link has few tags: a list is searched faster than a set is built.
+    std::vector<std::string> taken;
+    for (const std::string& tag : tags) {
+        const std::string_view bare =
+            text::firstGraphemes(withoutHashes(text::trimmed(tag)), longestTag);
+        if (bare.empty())
+            continue;
+        std::string lowered = text::lowercased(bare);
+        if (std::find(taken.begin(), taken.end(), lowered) != taken.end())
+            continue;
+        taken.push_back(std::move(lowered));
+        result.emplace_back(bare);
+    }
+    return result;
+}
+
+std::vector<std::string> SavedLink::parseTags(std::string_view text) {
+    std::vector<std::string> pieces;
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
+         comma = text.find(',')) {
+        pieces.emplace_back(text.substr(0, comma));
+        text.remove_prefix(comma + 1);
+    }
+    pieces.emplace_back(text);
+    return normalizedTags(pieces);
+}
+
+std::string SavedLink::domain() const {
+    const auto address = WebAddress::parse(url);
+    if (!address || address->host().empty())
+        return url;
+    std::string host(address->host());
+    for (auto at = host.find(hostLabel); at != std::string::npos; at = host.find(hostLabel, at))
+        host.erase(at, hostLabel.size());
+    return host;
+}
+
+} // namespace brinmoor

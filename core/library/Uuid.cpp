@@ -1,0 +1,67 @@
+#include "core/library/Uuid.h"
+
+#include <cstring>
+
+namespace brinmoor {
+
+namespace {
+
+constexpr std::size_t textLength = 36;
+constexpr std::string_view digits = "0123456789ABCDEF";
+
+constexpr bool isHyphenPosition(std::size_t at) {
+    return at == 8 || at == 13 || at == 18 || at == 23;
+}
+
+constexpr int digitValue(char character) {
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    const char lower = static_cast<char>(character | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+} // namespace
+
+std::optional<Uuid> Uuid::parse(std::string_view text) noexcept {
+    if (text.size() != textLength)
+        return std::nullopt;
+    Uuid result;
+    std::size_t byte = 0;
+    for (std::size_t at = 0; at < textLength;) {
+        if (isHyphenPosition(at)) {
+            if (text[at++] != '-')
+                return std::nullopt;
+            continue;
+        }
+        const int high = digitValue(text[at]);
+        const int low = digitValue(text[at + 1]);
+        if (high < 0 || low < 0)
+            return std::nullopt;
+        result.bytes[byte++] = static_cast<std::uint8_t>(high << 4 | low);
+        at += 2;
+    }
+    return result;
+}
+
+std::string Uuid::string() const {
+    std::string result(textLength, '-');
+    std::size_t at = 0;
+    for (const std::uint8_t byte : bytes) {
+        if (isHyphenPosition(at))
+            ++at;
+        result[at++] = digits[byte >> 4];
+        result[at++] = digits[byte & 0x0F];
+    }
+    return result;
+}
+
+std::size_t UuidHash::operator()(const Uuid& id) const noexcept {
+    std::uint64_t halves[2];
+    std::memcpy(halves, id.bytes.data(), sizeof halves);
+    // Identifiers of other programs may be counted up rather than random: mix both halves well.
+    std::uint64_t mixed = halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15U);
+    mixed ^= mixed >> 32;
+    return static_cast<std::size_t>(mixed * 0xD6E8FEB86659FD93U);
+}
+
+} // namespace brinmoor
