@@ -54,7 +54,8 @@ struct KeyPress {
 /// Whether two actions share a key and modifiers.
 [[nodiscard]] bool hasClash(const ShortcutMap& shortcuts);
 
-/// The stored map, by stored names. Missing, broken or unknown entries leave the defaults.
+/// The stored map, by stored names. An action without an entry has its default, entries under
+/// unknown names are ignored; a text that is no map of whole shortcuts gives all defaults.
 [[nodiscard]] ShortcutMap decodeShortcuts(std::optional<std::string_view> json);
 [[nodiscard]] std::string encodeShortcuts(const ShortcutMap& shortcuts);
 
