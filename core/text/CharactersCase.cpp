@@ -77,14 +77,14 @@ const icu::Collator* userCollator() {
     return kept.collator.get();
 }
 
-/// The form in which texts that differ only in case or in composition are equal.
+/// The form in which texts that differ only in case or in composition are equal. Composed first:
+/// in Turkish the case of "İ" is not that of its parts.
 icu::UnicodeString caseless(std::string_view text, FoldRule rule) {
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* decomposition = icu::Normalizer2::getNFDInstance(status);
-    icu::UnicodeString form =
-        decomposition->normalize(icu::UnicodeString::fromUTF8(piece(text)), status);
+    icu::UnicodeString form = icu::Normalizer2::getNFCInstance(status)->normalize(
+        icu::UnicodeString::fromUTF8(piece(text)), status);
     form.foldCase(rule == FoldRule::turkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT);
-    return decomposition->normalize(form, status);
+    return icu::Normalizer2::getNFDInstance(status)->normalize(form, status);
 }
 
 bool isMarkAt(const icu::UnicodeString& text, std::int32_t at) {

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/tags/TagTable.h"
+#include "core/tags/TitleWords.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace brinmoor::LinkAutoTagging {
+
+/// What the words of a title have so far gone with. It counts only the words of the examples that
+/// match a word of the title; any other could not speak for a tag.
+class LearnedWords {
+public:
+    explicit LearnedWords(const std::vector<Word>& titleWords);
+
+    /// Counts the words of one example's title, each once, with its tags, each once.
+    void observe(const SavedLink& example, const std::vector<TagNumber>& tags);
+
+    /// The best word's word for a tag.
+    struct Evidence {
+        double confidence = 0;    ///< the part of the word's links that have the tag
+        std::int64_t support = 0; ///< how many they are; 0: no word speaks for the tag
+    };
+    /// By tag, `tagCount` of them.
+    [[nodiscard]] std::vector<Evidence> evidence(std::size_t tagCount) const;
+
+private:
+    using StemNumber = std::uint32_t;
+    struct Stem {
+        std::int64_t count = 0;
+        std::uint64_t lastExample = 0;
+        std::unordered_map<TagNumber, std::int64_t> tags;
+    };
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const noexcept {
+            return std::hash<std::string_view>{}(text);
+        }
+    };
+    template <class Value>
+    using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
+
+    static constexpr StemNumber unheard = ~StemNumber{0};
+
+    void hear(std::string_view foldedTitle);
+    StemNumber stemNumber(std::string_view token);
+    StemNumber newStemNumber(std::string_view token);
+    bool isInTitle(const Word& stem) const;
+    void count(const std::vector<TagNumber>& tags);
+
+    const std::vector<Word>& titleWords_;
+    std::vector<bool> firstBytes_; ///< of the title's words: a word that matches has one of them
+    TextMap<StemNumber> byToken_;
+    TextMap<StemNumber> byStem_;
+    std::vector<Stem> stems_;
+    std::vector<StemNumber> heard_; ///< in the present example
+    std::vector<std::uint64_t> lastExampleOfTag_;
+    std::vector<TagNumber> tags_;
+    std::uint64_t example_ = 0;
+};
+
+} // namespace brinmoor::LinkAutoTagging

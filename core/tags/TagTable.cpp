@@ -1,0 +1,72 @@
+#include "core/tags/TagTable.h"
+
+#include "core/library/SavedLink.h"
+#include "core/search/LinkSearch.h"
+#include "core/text/Characters.h"
+
+namespace brinmoor::LinkAutoTagging {
+namespace {
+
+int voteOf(std::string_view tag) {
+    switch (tagCaseStyleMatching(tag)) {
+    case TagCaseStyle::leadingUppercase:
+        return 1;
+    case TagCaseStyle::lowercase:
+        return -1;
+    case TagCaseStyle::preserve:
+        break;
+    }
+    return 0;
+}
+
+} // namespace
+
+const std::vector<TagNumber>& TagTable::add(const std::vector<std::string>& tags) {
+    ++linkNumber_;
+    current_.clear();
+    for (const std::string& raw : tags) {
+        const Spelling& found = spelling(raw);
+        if (found.isEmpty || lastLink_[found.lowercase] == linkNumber_)
+            continue;
+        lastLink_[found.lowercase] = linkNumber_;
+        current_.push_back(found.tag);
+        ++tags_[found.tag].count;
+        upperCaseLead_ += found.styleVote;
+    }
+    return current_;
+}
+
+TagCaseStyle TagTable::style() const noexcept {
+    if (upperCaseLead_ == 0)
+        return TagCaseStyle::preserve;
+    return upperCaseLead_ > 0 ? TagCaseStyle::leadingUppercase : TagCaseStyle::lowercase;
+}
+
+const TagTable::Spelling& TagTable::spelling(const std::string& raw) {
+    const auto known = spellings_.find(raw);
+    if (known != spellings_.end())
+        return known->second;
+    return spellings_.emplace(raw, newSpelling(raw)).first->second;
+}
+
+TagTable::Spelling TagTable::newSpelling(const std::string& raw) {
+    const std::vector<std::string> normalized = SavedLink::normalizedTags({raw});
+    if (normalized.empty())
+        return {};
+    const std::string& name = normalized.front();
+    const auto next = static_cast<std::uint32_t>(lastLink_.size());
+    const auto [lowercase, isNew] = byLowercase_.emplace(text::lowercased(name), next);
+    if (isNew)
+        lastLink_.push_back(0);
+    return {false, tagOf(name), lowercase->second, voteOf(name)};
+}
+
+TagNumber TagTable::tagOf(const std::string& name) {
+    const auto next = static_cast<TagNumber>(tags_.size());
+    const auto [fold, isNew] = byFold_.emplace(LinkSearch::folded(name), next);
+    if (isNew)
+        tags_.push_back({name, 0});
+    return fold->second;
+}
+
+} // namespace brinmoor::LinkAutoTagging

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/tags/TagCaseStyle.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace brinmoor::LinkAutoTagging {
+
+/// A number for each tag, where tags that fold alike are one tag; in the order of their first
+/// appearance, from 0.
+using TagNumber = std::uint32_t;
+
+/// The tags of many links. What a spelling needs (normalising, folding, its letter case) is worked
+/// out once, however many links have it. Keeps views of the texts that it is given.
+class TagTable {
+public:
+    /// Reads the tags of one link as SavedLink::normalizedTags gives them and counts them. The
+    /// result holds until the next call; two tags of one link may fold alike.
+    [[nodiscard]] const std::vector<TagNumber>& add(const std::vector<std::string>& tags);
+
+    [[nodiscard]] std::size_t size() const noexcept { return tags_.size(); }
+    /// The spelling that was met first.
+    [[nodiscard]] const std::string& name(TagNumber tag) const { return tags_[tag].name; }
+    [[nodiscard]] std::int64_t count(TagNumber tag) const { return tags_[tag].count; }
+    /// The letter case of most tags, each counted as often as it was met.
+    [[nodiscard]] TagCaseStyle style() const noexcept;
+
+private:
+    struct Tag {
+        std::string name;
+        std::int64_t count = 0;
+    };
+    /// One spelling as it stands in the links.
+    struct Spelling {
+        bool isEmpty = true; ///< nothing is left of it when normalised
+        TagNumber tag = 0;
+        std::uint32_t lowercase = 0;
+        int styleVote = 0; ///< 1 for upper case, -1 for lower case
+    };
+
+    const Spelling& spelling(const std::string& raw);
+    Spelling newSpelling(const std::string& raw);
+    TagNumber tagOf(const std::string& name);
+
+    std::unordered_map<std::string_view, Spelling> spellings_;
+    std::unordered_map<std::string, TagNumber> byFold_;
+    std::unordered_map<std::string, std::uint32_t> byLowercase_;
+    std::vector<std::uint64_t> lastLink_; ///< by lower case: the last link that had it
+    std::vector<Tag> tags_;
+    std::vector<TagNumber> current_;
+    std::uint64_t linkNumber_ = 0;
+    std::int64_t upperCaseLead_ = 0;
+};
+
+} // namespace brinmoor::LinkAutoTagging
