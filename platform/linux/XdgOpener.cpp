@@ -1,0 +1,64 @@
+#include "platform/linux/XdgOpener.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QFileInfo>
+#include <QProcess>
+#include <QUrl>
+
+namespace brinmoor {
+namespace {
+
+const auto fileManager = QStringLiteral("org.freedesktop.FileManager1");
+
+bool openWithDesktop(const QString& target) {
+    // What begins with a hyphen would be taken for an option.
+    if (target.isEmpty() || target.startsWith(u'-'))
+        return false;
+    return QProcess::startDetached(QStringLiteral("xdg-open"), {target});
+}
+
+/// Asks the bus itself, which answers at once, and not the file manager, which may have to start.
+bool hasFileManager(const QDBusConnection& bus) {
+    if (!bus.isConnected())
+        return false;
+    auto* names = bus.interface();
+    if (names->isServiceRegistered(fileManager).value())
+        return true;
+    const QDBusReply<QStringList> activatable = names->activatableServiceNames();
+    return activatable.isValid() && activatable.value().contains(fileManager);
+}
+
+void showInFileManager(QDBusConnection bus, const QString& file) {
+    auto message =
+        QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
+                                       fileManager, QStringLiteral("ShowItems"));
+    message << QStringList{QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)} << QString();
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message));
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, file] {
+        if (watcher->isError())
+            openWithDesktop(QFileInfo(file).absolutePath());
+        watcher->deleteLater();
+    });
+}
+
+} // namespace
+
+bool XdgOpener::openAddress(const std::string& address) {
+    return openWithDesktop(QString::fromStdString(address));
+}
+
+bool XdgOpener::revealFile(const std::string& path) {
+    const auto file = QFileInfo(QString::fromStdString(path)).absoluteFilePath();
+    const auto bus = QDBusConnection::sessionBus();
+    if (hasFileManager(bus)) {
+        showInFileManager(bus, file);
+        return true;
+    }
+    return openWithDesktop(QFileInfo(file).absolutePath());
+}
+
+} // namespace brinmoor
