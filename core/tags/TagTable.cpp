@@ -25,12 +25,14 @@ const std::vector<TagNumber>& TagTable::add(const std::vector<std::string>& tags
     ++linkNumber_;
     current_.clear();
     for (const std::string& raw : tags) {
-        const Spelling& found = spelling(raw);
-        if (found.isEmpty || lastLink_[found.lowercase] == linkNumber_)
+        Spelling& found = spelling(raw);
+        if (found.name.empty() || lastLink_[found.lowercase] == linkNumber_)
             continue;
         lastLink_[found.lowercase] = linkNumber_;
-        current_.push_back(found.tag);
-        ++tags_[found.tag].count;
+        if (!found.tag)
+            found.tag = tagOf(found.name);
+        current_.push_back(*found.tag);
+        ++tags_[*found.tag].count;
         upperCaseLead_ += found.styleVote;
     }
     return current_;
@@ -42,7 +44,7 @@ TagCaseStyle TagTable::style() const noexcept {
     return upperCaseLead_ > 0 ? TagCaseStyle::leadingUppercase : TagCaseStyle::lowercase;
 }
 
-const TagTable::Spelling& TagTable::spelling(const std::string& raw) {
+TagTable::Spelling& TagTable::spelling(const std::string& raw) {
     const auto known = spellings_.find(raw);
     if (known != spellings_.end())
         return known->second;
@@ -58,7 +60,7 @@ TagTable::Spelling TagTable::newSpelling(const std::string& raw) {
     const auto [lowercase, isNew] = byLowercase_.emplace(text::lowercased(name), next);
     if (isNew)
         lastLink_.push_back(0);
-    return {false, tagOf(name), lowercase->second, voteOf(name)};
+    return {name, std::nullopt, lowercase->second, voteOf(name)};
 }
 
 TagNumber TagTable::tagOf(const std::string& name) {

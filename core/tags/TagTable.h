@@ -3,6 +3,7 @@
 #include "core/tags/TagCaseStyle.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -36,13 +37,14 @@ private:
     };
     /// One spelling as it stands in the links.
     struct Spelling {
-        bool isEmpty = true; ///< nothing is left of it when normalised
-        TagNumber tag = 0;
+        std::string name;             ///< normalised; empty when nothing is left
+        std::optional<TagNumber> tag; ///< absent until a link has the tag in this spelling: one
+                                      ///< that only repeats another of its link names no tag
         std::uint32_t lowercase = 0;
         int styleVote = 0; ///< 1 for upper case, -1 for lower case
     };
 
-    const Spelling& spelling(const std::string& raw);
+    Spelling& spelling(const std::string& raw);
     Spelling newSpelling(const std::string& raw);
     TagNumber tagOf(const std::string& name);
 
