@@ -4,6 +4,7 @@
 #include "core/text/WebAddress.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace brinmoor {
 
@@ -18,6 +19,36 @@ std::string_view withoutHashes(std::string_view text) {
         return {};
     return text.substr(first, text.find_last_not_of('#') - first + 1);
 }
+
+/// Hashes with blanks between them leave blanks: nothing that could be read or clicked.
+bool isBlank(std::string_view tag) {
+    return withoutHashes(text::trimmed(tag)).empty();
+}
+
+/// The lower-cased tags met so far. A link has few: a list is searched faster than a set is built,
+/// up to the number that only a file of another program reaches.
+class TakenTags {
+public:
+    /// Whether it is new.
+    bool add(std::string tag) {
+        if (isInList(tag))
+            return false;
+        if (few_.size() == mostInList)
+            return many_.insert(std::move(tag)).second;
+        few_.push_back(std::move(tag));
+        return true;
+    }
+
+private:
+    static constexpr std::size_t mostInList = 16;
+
+    [[nodiscard]] bool isInList(const std::string& tag) const {
+        return std::find(few_.begin(), few_.end(), tag) != few_.end();
+    }
+
+    std::vector<std::string> few_;
+    std::unordered_set<std::string> many_;
+};
 
 } // namespace
 
@@ -43,18 +74,12 @@ SavedLink::SavedLink(std::string url_, std::string title_, std::string browser_,
 
 std::vector<std::string> SavedLink::normalizedTags(const std::vector<std::string>& tags) {
     std::vector<std::string> result;
-    // A link has few tags: a list is searched faster than a set is built.
-    std::vector<std::string> taken;
+    TakenTags taken;
     for (const std::string& tag : tags) {
         const std::string_view bare =
             text::firstGraphemes(withoutHashes(text::trimmed(tag)), longestTag);
-        if (bare.empty())
-            continue;
-        std::string lowered = text::lowercased(bare);
-        if (std::find(taken.begin(), taken.end(), lowered) != taken.end())
-            continue;
-        taken.push_back(std::move(lowered));
-        result.emplace_back(bare);
+        if (!isBlank(bare) && taken.add(text::lowercased(bare)))
+            result.emplace_back(bare);
     }
     return result;
 }
