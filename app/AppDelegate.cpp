@@ -126,8 +126,7 @@ void AppDelegate::presentToast(const CaptureNotice& notice) {
     if (const auto origin = toastOrigin(toastPanel_->size()))
         toastPanel_->setOrigin(*origin);
     toastPanel_->orderFrontRegardless();
-    toastDismiss_ =
-        parts_.clock.after(notice.duration(), [this] { toastPanel_->orderOut(); });
+    toastDismiss_ = parts_.clock.after(notice.duration(), [this] { toastPanel_->orderOut(); });
     panels_.announce(*toastPanel_, notice.title + ". " + notice.message);
 }
 

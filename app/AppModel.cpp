@@ -17,8 +17,8 @@ AppModel::AppModel(const AppParts& parts)
     const SavedSettings saved = SavedSettings::read(preferences_);
     closeAfterQuickSave_ = saved.closeAfterQuickSave;
     autoTaggingEnabled_ = saved.autoTaggingEnabled;
-    captureService_ = std::make_unique<BrowserCapture>(parts.workspace, preferences_, clock_,
-                                                       parts.scripts);
+    captureService_ =
+        std::make_unique<BrowserCapture>(parts.workspace, preferences_, clock_, parts.scripts);
     hotkey_ = std::make_unique<GlobalShortcut>(parts.hotKeys);
     const auto stored = preferences_.data("captureShortcuts");
     shortcuts_ = decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);

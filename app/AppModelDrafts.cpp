@@ -29,8 +29,7 @@ void AppModel::beginNote(SavedLink link, std::optional<CapturedTabTarget> closeT
 void AppModel::beginDraft(SavedLink link, CaptureAction action,
                           std::optional<CapturedTabTarget> closeTarget) {
     if (!draft_) {
-        if (action == CaptureAction::note && autoTaggingEnabled_ &&
-            storedLink(link.url) == nullptr)
+        if (action == CaptureAction::note && autoTaggingEnabled_ && storedLink(link.url) == nullptr)
             link = withSuggestedTags(link);
         draft_ = CaptureDraft{std::move(link), action, std::move(closeTarget)};
         Q_EMIT draftChanged();
@@ -108,10 +107,9 @@ void AppModel::saveTabSelection() {
     if (!tabSelection_)
         return;
     std::vector<SavedLink> chosen;
-    std::ranges::copy_if(tabSelection_->links, std::back_inserter(chosen),
-                         [&](const SavedLink& link) {
-                             return tabSelection_->selected.contains(link.id);
-                         });
+    std::ranges::copy_if(
+        tabSelection_->links, std::back_inserter(chosen),
+        [&](const SavedLink& link) { return tabSelection_->selected.contains(link.id); });
     if (chosen.empty())
         return;
     discardTabSelection();

@@ -37,8 +37,8 @@ void AppModel::configureShortcut(std::optional<CaptureShortcut> shortcut, Captur
     });
     if (holder != shortcuts_.end()) {
         restoreShortcuts();
-        setShortcutError(action, worded("Already used by ‘") +
-                                     worded(messageName(holder->first)) + worded("’."));
+        setShortcutError(action, worded("Already used by ‘") + worded(messageName(holder->first)) +
+                                     worded("’."));
         return;
     }
     ShortcutMap changed = shortcuts_;

@@ -13,7 +13,7 @@ namespace brinmoor {
 /// A link being annotated before it is saved. Its identity for the panel is the link's `id`.
 struct CaptureDraft {
     SavedLink link;
-    CaptureAction action = CaptureAction::note; ///< what started it
+    CaptureAction action = CaptureAction::note;   ///< what started it
     std::optional<CapturedTabTarget> closeTarget; ///< the tab to close after saving
 
     friend bool operator==(const CaptureDraft&, const CaptureDraft&) = default;

@@ -115,8 +115,8 @@ std::vector<std::string> BrowserCapture::visibleOwners(const Applications& runni
          workspace_.visibleWindows().value_or(std::vector<VisibleWindow>())) {
         if (window.layer != 0 || !window.ownerProcess)
             continue;
-        const auto owner =
-            std::ranges::find(running, *window.ownerProcess, &RunningApplication::processIdentifier);
+        const auto owner = std::ranges::find(running, *window.ownerProcess,
+                                             &RunningApplication::processIdentifier);
         if (owner != running.end() && owner->bundleIdentifier)
             owners.push_back(*owner->bundleIdentifier);
     }

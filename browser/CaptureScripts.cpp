@@ -31,9 +31,9 @@ std::string captureScript(const Browser& browser, TabRange range, ClosePreparati
         {QStringLiteral("prepareClose"), preparation == ClosePreparation::identifyTabs},
         {QStringLiteral("processID"), process},
         {QStringLiteral("pageReader"), qText(scripts::pageReader)}};
-    return "const application = " + application(browser) + ";\nconst parameters = " +
-           json(parameters) + ";\n" + std::string(scripts::captureHelpers) + "\n" +
-           std::string(scripts::captureTabs);
+    return "const application = " + application(browser) +
+           ";\nconst parameters = " + json(parameters) + ";\n" +
+           std::string(scripts::captureHelpers) + "\n" + std::string(scripts::captureTabs);
 }
 
 std::string closeScript(const Browser& browser, const CapturedTabTarget& target) {

@@ -38,10 +38,12 @@ public:
         connect(&process_, &QProcess::finished, this, &Child::finished);
         connect(&timer_, &QTimer::timeout, this, &Child::overdue);
         timer_.setSingleShot(true);
+        timer_.setTimerType(Qt::PreciseTimer);
         timer_.start(limit);
-        process_.start(program, {QStringLiteral("-l"), QStringLiteral("JavaScript"),
-                                 QStringLiteral("-e"), script},
-                       QIODevice::ReadOnly);
+        process_.start(
+            program,
+            {QStringLiteral("-l"), QStringLiteral("JavaScript"), QStringLiteral("-e"), script},
+            QIODevice::ReadOnly);
     }
 
     [[nodiscard]] QFuture<Outcome> outcome() { return promise_.future(); }
@@ -113,8 +115,8 @@ ScriptTool::ScriptTool(QString program, Limits limits)
     : program_(std::move(program)), limits_(limits) {}
 
 QCoro::Task<Result<QByteArray, CaptureFailure>> ScriptTool::run(ScriptRun run) {
-    const auto limit = run.kind == ScriptRun::Kind::operation ? limits_.operation
-                                                               : limits_.pageCapture;
+    const auto limit =
+        run.kind == ScriptRun::Kind::operation ? limits_.operation : limits_.pageCapture;
     auto* child = new Child(program_, QString::fromStdString(run.script), limit, limits_.grace);
     const QFuture<Outcome> ending = child->outcome();
     const Outcome outcome = co_await ending;

@@ -14,6 +14,10 @@ endif()
 
 add_library(brinmoor_options INTERFACE)
 target_compile_options(brinmoor_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 sees uninitialised reads inside std::variant where there are none.
+    target_compile_options(brinmoor_options INTERFACE -Wno-maybe-uninitialized)
+endif()
 if(BRINMOOR_WERROR)
     target_compile_options(brinmoor_options INTERFACE -Werror)
 endif()

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace brinmoor {
+
+/// Where the parts of this installation lie, seen from the running program: all in one folder in a
+/// build tree, in libexec and share where it was installed.
+struct Installation {
+    QString automationTool;
+    QString browserHost;
+    QString extensionFolder;
+    QString browserAccessPage; ///< how a browser is connected, as a page of its own
+
+    [[nodiscard]] static Installation ofThisProgram();
+};
+
+} // namespace brinmoor

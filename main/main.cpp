@@ -1,0 +1,6 @@
+#include "app/AppDelegate.h"
+#include "app/wording/LinuxWording.h"
+
+int main() {
+    return 0;
+}
