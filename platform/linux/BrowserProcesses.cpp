@@ -111,17 +111,18 @@ std::string executableOf(std::int32_t process) {
     return std::string(executable);
 }
 
-/// Renderers, GPU processes and the like carry one of these among their arguments.
-bool isChildOfABrowser(std::int32_t process) {
+/// Renderers, GPU processes and the like carry one of these among their arguments. A process that
+/// is only starting or already ending has none to tell by, and is no browser to speak to either.
+bool isMainProcess(std::int32_t process) {
     const std::string arguments = contentOf(procPath(process, "cmdline"));
     std::string_view rest(arguments);
     while (!rest.empty()) {
         const std::string_view argument = rest.substr(0, rest.find('\0'));
         if (argument.starts_with("--type=") || argument == "-contentproc")
-            return true;
+            return false;
         rest.remove_prefix(std::min(rest.size(), argument.size() + 1));
     }
-    return false;
+    return !arguments.empty();
 }
 
 /// Inside a Flatpak the executable's path is the sandbox's own; the group of the process names the
@@ -213,7 +214,7 @@ std::optional<std::string> browserIdentifier(std::string_view executableOrClass)
 
 std::optional<std::string> browserIdentifierOfProcess(std::int32_t process) {
     auto identifier = identifierOf(process);
-    return identifier && !isChildOfABrowser(process) ? identifier : std::nullopt;
+    return identifier && isMainProcess(process) ? identifier : std::nullopt;
 }
 
 std::vector<BrowserProcess> runningBrowserProcesses() {

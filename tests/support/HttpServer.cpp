@@ -1,0 +1,132 @@
+#include "tests/support/HttpServer.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
+
+namespace brinmoor::testing {
+namespace {
+
+int listenOnLoopback(std::uint16_t& port) {
+    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (listener < 0 || ::bind(listener, generic, size) != 0 || ::listen(listener, 64) != 0 ||
+        ::getsockname(listener, generic, &size) != 0)
+        throw std::runtime_error("no listening socket");
+    port = ntohs(address.sin_port);
+    return listener;
+}
+
+bool receive(int connection, std::string& bytes) {
+    std::array<char, 16384> piece{};
+    ssize_t size = 0;
+    do
+        size = ::recv(connection, piece.data(), piece.size(), 0);
+    while (size < 0 && errno == EINTR);
+    if (size > 0)
+        bytes.append(piece.data(), static_cast<std::size_t>(size));
+    return size > 0;
+}
+
+std::string headerOf(const std::string& head, const std::string& name) {
+    const auto start = head.find("\r\n" + name + ": ");
+    if (start == std::string::npos)
+        return {};
+    const auto value = start + name.size() + 4;
+    return head.substr(value, head.find("\r\n", value) - value);
+}
+
+std::optional<HttpRequest> readRequest(int connection) {
+    std::string bytes;
+    while (bytes.find("\r\n\r\n") == std::string::npos)
+        if (!receive(connection, bytes))
+            return std::nullopt;
+    const auto headEnd = bytes.find("\r\n\r\n") + 2;
+    const std::string head = bytes.substr(0, headEnd);
+    HttpRequest request;
+    std::istringstream(head) >> request.method >> request.path;
+    request.host = headerOf(head, "Host");
+    const std::string length = headerOf(head, "Content-Length");
+    std::size_t size = 0;
+    std::from_chars(length.data(), length.data() + length.size(), size);
+    while (bytes.size() < headEnd + 2 + size)
+        if (!receive(connection, bytes))
+            return std::nullopt;
+    request.body = bytes.substr(headEnd + 2, size);
+    return request;
+}
+
+void sendAll(int connection, const std::string& bytes) {
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        const ssize_t size =
+            ::send(connection, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+        if (size < 0 && errno != EINTR)
+            return;
+        sent += size > 0 ? static_cast<std::size_t>(size) : 0;
+    }
+}
+
+std::string bytesOf(const HttpAnswer& answer) {
+    std::string bytes = "HTTP/1.1 " + std::to_string(answer.status) + " Answer\r\n";
+    bytes += "Content-Type: " + answer.type + "\r\n";
+    bytes += "Content-Length: " + std::to_string(answer.body.size()) + "\r\n";
+    for (const std::string& header : answer.headers)
+        bytes += header + "\r\n";
+    return bytes + "Cache-Control: no-store\r\nConnection: close\r\n\r\n" + answer.body;
+}
+
+} // namespace
+
+HttpServer::HttpServer(Handler handler)
+    : handler_(std::move(handler)), listener_(listenOnLoopback(port_)),
+      acceptor_([this] { accept(); }) {}
+
+HttpServer::~HttpServer() {
+    ending_ = true;
+    ::shutdown(listener_, SHUT_RDWR);
+    acceptor_.join();
+    {
+        const std::scoped_lock lock(guard_);
+        for (const int connection : open_)
+            ::shutdown(connection, SHUT_RDWR);
+    }
+    for (std::thread& thread : threads_)
+        thread.join();
+    ::close(listener_);
+}
+
+void HttpServer::accept() {
+    while (!ending_) {
+        const int connection = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+        if (connection < 0)
+            continue;
+        const std::scoped_lock lock(guard_);
+        open_.push_back(connection);
+        threads_.emplace_back([this, connection] { serve(connection); });
+    }
+}
+
+void HttpServer::serve(int connection) {
+    if (const auto request = readRequest(connection)) {
+        ++requestCount_;
+        sendAll(connection, bytesOf(handler_(*request)));
+    }
+    const std::scoped_lock lock(guard_);
+    open_.remove(connection);
+    ::close(connection);
+}
+
+} // namespace brinmoor::testing
