@@ -4,14 +4,15 @@
 #include <cstdint>
 #include <cstring>
 
-#if defined(__SSE2__)
+#if defined(__SSE2__) && !defined(BRINMOOR_NO_BLOCKS)
 #include <emmintrin.h>
 #define BRINMOOR_BLOCKS 1
 #else
 #define BRINMOOR_BLOCKS 0
 #endif
 
-/// Sixteen bytes at once, on processors that have the instructions; BRINMOOR_BLOCKS tells.
+/// Sixteen bytes at once, on processors that have the instructions; BRINMOOR_BLOCKS tells, and
+/// BRINMOOR_NO_BLOCKS asks for the sources that other processors get.
 /// SSE2 is on every x86-64 and enough: wider registers gained less than a tenth.
 namespace brinmoor::text {
 

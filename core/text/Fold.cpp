@@ -1,16 +1,15 @@
 #include "core/text/Fold.h"
 
-#include "core/text/Characters.h"
+#include "core/text/FoldBytes.h"
 
-#include <unicode/normalizer2.h>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
-
-#include <cctype>
+#include <algorithm>
+#include <array>
 
 namespace brinmoor::text {
 
 namespace {
+
+constexpr std::size_t pieceSize = 512;
 
 std::string& storedLocale() {
     static std::string locale;
@@ -19,21 +18,14 @@ std::string& storedLocale() {
 
 FoldRule storedRule = FoldRule::standard;
 
-icu::UnicodeString decoded(std::string_view text) {
-    icu::UnicodeString result;
-    for (std::size_t at = 0; at < text.size();)
-        result.append(static_cast<UChar32>(nextCharacter(text, at)));
-    return result;
-}
-
-bool isMark(UChar32 character) {
-    return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0;
+constexpr bool isLetter(char character) {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
 } // namespace
 
 FoldRule foldRule(std::string_view locale) noexcept {
-    if (locale.size() < 2 || (locale.size() > 2 && std::isalpha(locale[2]) != 0))
+    if (locale.size() < 2 || (locale.size() > 2 && isLetter(locale[2])))
         return FoldRule::standard;
     const auto language = locale.substr(0, 2);
     return language == "tr" || language == "az" ? FoldRule::turkic : FoldRule::standard;
@@ -48,21 +40,28 @@ const std::string& userLocale() noexcept {
     return storedLocale();
 }
 
-std::string folded(std::string_view text, FoldRule rule) {
-    UErrorCode status = U_ZERO_ERROR;
-    const auto* decomposition = icu::Normalizer2::getNFDInstance(status);
-    const icu::UnicodeString decomposed = decomposition->normalize(decoded(text), status);
-    icu::UnicodeString bare;
-    for (int32_t at = 0; at < decomposed.length();) {
-        const UChar32 character = decomposed.char32At(at);
-        at += U16_LENGTH(character);
-        if (rule == FoldRule::turkic && character == U'I')
-            bare.append(UChar32(isMark(decomposed.char32At(at)) ? U'i' : U'\u0131'));
-        else if (!isMark(character))
-            bare.append(character);
+void appendFolded(std::string& target, std::string_view text, FoldRule rule) {
+    std::array<char, fold::foldedRoom(pieceSize)> room;
+    const char* from = text.data();
+    const char* const end = from + text.size();
+    while (from != end) {
+        const auto left = static_cast<std::size_t>(end - from);
+        const auto piece =
+            fold::foldPiece({from, room.data()}, from + std::min(left, pieceSize), end, rule);
+        target.append(room.data(), static_cast<std::size_t>(piece.to - room.data()));
+        from = piece.from;
     }
+}
+
+void appendFolded(std::string& target, std::string_view text) {
+    appendFolded(target, text, storedRule);
+}
+
+std::string folded(std::string_view text, FoldRule rule) {
     std::string result;
-    bare.foldCase().toUTF8String(result);
+    if (text.size() > pieceSize)
+        result.reserve(text.size());
+    appendFolded(result, text, rule);
     return result;
 }
 

@@ -25,4 +25,8 @@ void setUserLocale(std::string_view locale);
 /// The same under the user's locale.
 [[nodiscard]] std::string folded(std::string_view text);
 
+/// The same behind what `target` holds already: a loop over many texts keeps its storage.
+void appendFolded(std::string& target, std::string_view text, FoldRule rule);
+void appendFolded(std::string& target, std::string_view text);
+
 } // namespace brinmoor::text
