@@ -31,7 +31,8 @@ Places placesIn(const Environment& environment) {
         return absolutePath(environment, name).value_or(places.home + otherwise);
     };
     places.configHome = base("XDG_CONFIG_HOME", "/.config");
-    places.libraryFile = base("XDG_DATA_HOME", "/.local/share") + "/Brinmoor/library.json";
+    places.dataHome = base("XDG_DATA_HOME", "/.local/share");
+    places.libraryFile = places.dataHome + "/Brinmoor/library.json";
     places.preferencesFolder = places.configHome + "/app.brinmoor.mac";
     places.preferencesFile = places.preferencesFolder + "/preferences.json";
     places.iconsFolder = base("XDG_CACHE_HOME", "/.cache") + "/app.brinmoor.mac/SiteIcons";

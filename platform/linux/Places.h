@@ -13,6 +13,7 @@ struct Places {
     std::string preferencesFolder; ///< of this program alone
     std::string preferencesFile;
     std::string iconsFolder; ///< kept copies of site icons
+    std::string dataHome;    ///< where all programs keep the user's data
     std::string configHome;  ///< where all programs, browsers too, keep their configuration
     std::string home;
     /// Sockets of this run of the desktop; absent when the session has no runtime folder, for

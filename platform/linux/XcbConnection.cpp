@@ -91,12 +91,16 @@ XcbHeld<xcb_get_property_reply_t> XcbProperty::reply() {
     return reply;
 }
 
-std::vector<std::uint32_t> XcbProperty::numbers() {
+std::optional<std::vector<std::uint32_t>> XcbProperty::numbersIfSet() {
     const auto held = reply();
     if (!held || held->format != 32)
-        return {};
+        return std::nullopt;
     const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(held.get()));
-    return {first, first + held->value_len};
+    return std::vector<std::uint32_t>(first, first + held->value_len);
+}
+
+std::vector<std::uint32_t> XcbProperty::numbers() {
+    return numbersIfSet().value_or(std::vector<std::uint32_t>());
 }
 
 std::string XcbProperty::bytes() {

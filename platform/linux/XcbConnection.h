@@ -79,6 +79,8 @@ public:
 
     /// 32-bit items; empty when the window is gone or has no such property.
     [[nodiscard]] std::vector<std::uint32_t> numbers();
+    /// The same; absent when there is no such property.
+    [[nodiscard]] std::optional<std::vector<std::uint32_t>> numbersIfSet();
     /// Bytes of an 8-bit property; empty likewise.
     [[nodiscard]] std::string bytes();
 
