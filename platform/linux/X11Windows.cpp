@@ -62,9 +62,9 @@ WindowPlace placeFrom(PlaceQuestions& questions, const std::optional<std::uint32
     const auto desktop = questions.desktop.numbers();
     const bool hidden =
         std::find(states.begin(), states.end(), atoms.netWmStateHidden) != states.end();
-    const bool elsewhere =
-        !desktop.empty() && present && desktop[0] != everyDesktop && desktop[0] != *present;
-    place.onScreen = !hidden && !elsewhere;
+    if (!desktop.empty() && present && desktop[0] != everyDesktop && desktop[0] != *present)
+        place.otherDesktop = desktop[0];
+    place.onScreen = !hidden && !place.otherDesktop;
     return place;
 }
 

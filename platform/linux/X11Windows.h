@@ -18,8 +18,9 @@ struct WindowOwner {
 };
 
 struct WindowPlace {
-    int layer = 0;        ///< 0 for ordinary windows and dialogs
-    bool onScreen = true; ///< not minimised and on the present virtual desktop
+    int layer = 0;                             ///< 0 for ordinary windows and dialogs
+    bool onScreen = true;                      ///< not minimised and on the present virtual desktop
+    std::optional<std::uint32_t> otherDesktop; ///< the desktop that it is on instead
 };
 
 /// The window with the focus; absent when none has it or no window manager tells.

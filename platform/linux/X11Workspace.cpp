@@ -125,6 +125,11 @@ bool X11Workspace::activate(const RunningApplication& application) {
     const auto window = frontWindowOf(application);
     if (!window)
         return false;
+    // Not every window manager follows a window to its desktop by itself.
+    if (const auto desktop = placesOf(*connection_, {*window}).front().otherDesktop)
+        tellWindowManager(connection_->get(), connection_->root(), connection_->root(),
+                          connection_->atoms().netCurrentDesktop,
+                          {*desktop, XCB_CURRENT_TIME, 0, 0, 0});
     // As a pager does, since the user asked for it and the focus may be with another program.
     constexpr std::uint32_t sourcePager = 2;
     tellWindowManager(connection_->get(), connection_->root(), *window,
