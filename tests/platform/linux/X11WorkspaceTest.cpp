@@ -191,6 +191,7 @@ TEST_F(X11WorkspaceTest, minimisedWindowsAndThoseOfOtherDesktopsAreNotOnScreen) 
     EXPECT_TRUE(eventually(onScreen)) << "activation reaches another desktop";
     tellWindowManager(connection->get(), connection->root(), connection->root(),
                       connection->atoms().netCurrentDesktop, {0, 0, 0, 0, 0});
+    EXPECT_TRUE(eventually([&] { return !onScreen(); })) << "the user goes back";
 }
 
 TEST_F(X11WorkspaceTest, activationBringsAnotherApplicationForward) {
