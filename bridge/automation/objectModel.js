@@ -162,12 +162,16 @@
             }
         }
 
-        record() {
-            if (this.listed)
-                return this.listed;
+        // What tells the extension which tab is meant; there was none at a place beyond the last.
+        existing(more) {
             if (this.number === undefined)
                 fail('vanished');
-            return this.browser.ask(this.host, 'tab', { tab: this.number }).tab || fail('badAnswer');
+            return Object.assign({ tab: this.number }, more);
+        }
+
+        record() {
+            return this.listed ||
+                this.browser.ask(this.host, 'tab', this.existing()).tab || fail('badAnswer');
         }
 
         url() {
@@ -183,17 +187,17 @@
         // was read here stays open.
         close() {
             const address = this.address === undefined ? this.url() : this.address;
-            this.browser.act(this.host, 'closeTab', { tab: this.number, url: address });
+            this.browser.act(this.host, 'closeTab', this.existing({ url: address }));
         }
 
         [select](window) {
-            this.browser.act(this.host, 'selectTab', { tab: this.number, window: window });
+            this.browser.act(this.host, 'selectTab', this.existing({ window: window }));
         }
 
         [readText](text) {
             if (text !== pageReader)
                 fail('otherText');
-            return this.browser.ask(this.host, 'readPage', { tab: this.number }).text;
+            return this.browser.ask(this.host, 'readPage', this.existing()).text;
         }
     }
 
@@ -202,6 +206,12 @@
             this.browser = browser;
             this.host = host;
             this.number = number;
+        }
+
+        existing() {
+            if (this.number === undefined)
+                fail('vanished');
+            return { window: this.number };
         }
 
         position() {
@@ -275,7 +285,7 @@
         set minimized(value) {
             if (value)
                 fail('readOnly');
-            this.browser.act(this.host, 'unminimizeWindow', { window: this.number });
+            this.browser.act(this.host, 'unminimizeWindow', this.existing());
         }
 
         get miniaturized() {
@@ -293,7 +303,7 @@
         set index(place) {
             if (place !== 1)
                 fail('readOnly');
-            this.browser.act(this.host, 'focusWindow', { window: this.number });
+            this.browser.act(this.host, 'focusWindow', this.existing());
         }
     }
 

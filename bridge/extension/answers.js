@@ -5,6 +5,9 @@ import { RequestError, errorAnswer, protocolVersion, resultAnswer } from './prot
 
 const shownTypes = ['normal', 'popup'];
 
+// Popups and developer tools belong to the browser's front as much as its ordinary windows do.
+export const focusedTypes = ['normal', 'popup', 'devtools'];
+
 // A page whose thread is stuck, or that shows a dialog, answers nothing at all.
 const readerLimit = 5000;
 
@@ -47,6 +50,13 @@ async function windows(request, focusOrder) {
             tabs: each.tabs.map(describedTab),
         })),
     };
+}
+
+// Asked for, since the browser doesn't always tell when the focus goes to another program.
+export async function focus() {
+    const front = await chrome.windows.getLastFocused({ windowTypes: focusedTypes })
+        .catch(() => null);
+    return { focused: Boolean(front && front.focused) };
 }
 
 async function tab(request) {
@@ -109,6 +119,7 @@ const isText = value => typeof value === 'string';
 
 const requests = new Map([
     ['windows', { perform: windows, fields: {} }],
+    ['focus', { perform: focus, fields: {} }],
     ['tab', { perform: tab, fields: { tab: isNumber } }],
     ['readPage', { perform: readPage, fields: { tab: isNumber } }],
     ['closeTab', { perform: closeTab, fields: { tab: isNumber, url: isText } }],

@@ -1,7 +1,7 @@
 // The extension's worker: everything that may wake it is registered here, in its first turn.
 
 import { Connection } from './connection.js';
-import { answerTo } from './answers.js';
+import { answerTo, focus, focusedTypes } from './answers.js';
 import { FocusOrder } from './focusOrder.js';
 import { profileIdentifier } from './profile.js';
 import { focusEvent, helloEvent } from './protocol.js';
@@ -11,17 +11,16 @@ const focusOrder = new FocusOrder(chrome.storage.session);
 const connection = new Connection({
     async greeting() {
         const profile = await profileIdentifier(chrome.storage.local);
-        const front = await chrome.windows.getLastFocused().catch(() => null);
+        const { focused } = await focus();
         return [
             helloEvent(profile, chrome.runtime.getManifest().version),
-            focusEvent(Boolean(front && front.focused)),
+            focusEvent(focused),
         ];
     },
     answerTo: request => answerTo(request, focusOrder),
 });
 
-// Popups and developer tools belong to the browser's front as much as its ordinary windows do.
-const windowTypes = { windowTypes: ['normal', 'popup', 'devtools'] };
+const windowTypes = { windowTypes: focusedTypes };
 
 chrome.windows.onFocusChanged.addListener(windowID => {
     const focused = windowID !== chrome.windows.WINDOW_ID_NONE;

@@ -45,14 +45,17 @@ struct ChromiumSession::Driver {
     std::map<std::string, std::string> results;
     int lastCall = 0;
     bool seen = false;
-    bool ending = false;
+    /// Goes up when a browser ends: whoever still waits for it must not take the next one's calls.
+    int generation = 0;
 
     HttpAnswer next() {
         std::unique_lock lock(guard);
         seen = true;
         changed.notify_all();
-        changed.wait_for(lock, std::chrono::seconds(5), [&] { return ending || !calls.empty(); });
-        if (calls.empty())
+        const int mine = generation;
+        changed.wait_for(lock, std::chrono::seconds(5),
+                         [&] { return mine != generation || !calls.empty(); });
+        if (mine != generation || calls.empty())
             return {204, "application/json", ""};
         const std::string call = calls.front();
         calls.pop_front();
@@ -79,7 +82,8 @@ struct ChromiumSession::Driver {
 
     void end() {
         const std::scoped_lock lock(guard);
-        ending = true;
+        ++generation;
+        seen = false;
         changed.notify_all();
     }
 };
@@ -155,8 +159,7 @@ void ChromiumSession::stop() {
         throw std::runtime_error("the browser doesn't quit");
     browser_.reset();
     openers_.clear();
-    const std::scoped_lock lock(driver_->guard);
-    driver_->seen = false;
+    driver_->end();
 }
 
 void ChromiumSession::open(const std::vector<std::string>& arguments) {

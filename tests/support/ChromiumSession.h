@@ -55,6 +55,8 @@ public:
 
     /// The browser's main process; 0 when it isn't running.
     [[nodiscard]] pid_t process() const;
+    /// The port of the pretended web.
+    [[nodiscard]] std::uint16_t port() const { return server_.port(); }
     /// The sockets of the browser's hosts, in the session's runtime folder.
     [[nodiscard]] std::vector<std::string> sockets() const;
     [[nodiscard]] bool waitForSockets(std::size_t count) const;
