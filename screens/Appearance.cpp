@@ -1,0 +1,24 @@
+#include "screens/Appearance.h"
+
+#include <QFontDatabase>
+
+namespace brinmoor {
+
+void Appearance::setAppearance(AppAppearance appearance) {
+    if (appearance == appearance_)
+        return;
+    appearance_ = appearance;
+    Q_EMIT changed();
+}
+
+bool Appearance::hasVollkorn() {
+    static const bool found = QFontDatabase::hasFamily(QStringLiteral("Vollkorn"));
+    return found;
+}
+
+QColor Appearance::colour(const AdaptiveColour& colour) const {
+    const Colour& shown = colour.in(appearance_);
+    return QColor::fromRgbF(float(shown.red), float(shown.green), float(shown.blue));
+}
+
+} // namespace brinmoor

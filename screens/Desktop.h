@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QRect>
+#include <QWindow>
+
+/// What the screens ask of the window system beyond what Qt offers. Main thread.
+namespace brinmoor::Desktop {
+
+/// Whether a window's transparent parts show what lies behind it.
+[[nodiscard]] bool showsThroughWindows();
+
+/// Lets clicks outside `area` (device-independent, of a window that is created) go to what lies
+/// behind. Does nothing where the window system decides by itself.
+void limitInput(const QWindow& window, const QRect& area);
+
+/// Removes the tie to the application's other windows, so that raising this one doesn't raise
+/// them. The window is created and not yet shown.
+void detachFromGroup(const QWindow& window);
+
+} // namespace brinmoor::Desktop

@@ -1,0 +1,119 @@
+#include "screens/LibraryPanel.h"
+
+#include "app/AppModel.h"
+#include "platform/Clock.h"
+#include "platform/Preferences.h"
+#include "screens/WindowFrame.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace brinmoor {
+
+namespace {
+
+constexpr QSize usualSize(750, 680);
+constexpr QSize leastSize(640, 520);
+constexpr std::string_view frameKey = "NSWindow Frame Brinmoor.MinimalLibrary";
+/// Moving a window tells of hundreds of places; only the last one is written.
+constexpr std::chrono::milliseconds settling(400);
+
+QList<QRect> availableAreas() {
+    QList<QRect> areas;
+    for (const QScreen* screen : QGuiApplication::screens())
+        areas.append(screen->availableGeometry());
+    return areas;
+}
+
+} // namespace
+
+LibraryPanel::LibraryPanel(QQmlEngine& engine, AppModel& model)
+    : QuickPanel(engine, PanelKind::window, QStringLiteral("Brinmoor")), model_(model),
+      screen_(new LibraryScreen([&model] { model.dismissError(); }, &view())) {
+    view().setMinimumSize(leastSize);
+    view().resize(usualSize);
+    load(QStringLiteral("AppRootView"), {{QStringLiteral("screen"), QVariant::fromValue(screen_)}});
+    follow();
+    restoreFrame();
+}
+
+LibraryPanel::~LibraryPanel() {
+    saveFrame();
+}
+
+void LibraryPanel::follow() {
+    connect(&model_, &AppModel::libraryChanged, this, [this] { showLinks(); });
+    connect(&model_, &AppModel::errorChanged, this,
+            [this] { screen_->setError(model_.errorText()); });
+    connect(&model_, &AppModel::shortcutsChanged, this, [this] { showHint(); });
+    connect(&model_, &AppModel::preferencesChanged, this, [this] { showHint(); });
+    showLinks();
+    showHint();
+    screen_->setError(model_.errorText());
+    refreshDays();
+}
+
+void LibraryPanel::showLinks() {
+    const Clock& clock = model_.clock();
+    screen_->links()->show(model_.library().links, clock.now(), clock.timeZone());
+}
+
+void LibraryPanel::showHint() {
+    const auto found = model_.shortcuts().find(CaptureAction::quick);
+    const QString label = found == model_.shortcuts().end()
+                              ? QStringLiteral("K")
+                              : QString::fromStdString(found->second.label());
+    screen_->setHint(label, model_.closeAfterQuickSave());
+}
+
+void LibraryPanel::refreshDays() {
+    // "Today" becomes "Yesterday" while the window stands open.
+    nextMinute_ = model_.clock().after(std::chrono::minutes(1), [this] {
+        showLinks();
+        refreshDays();
+    });
+}
+
+void LibraryPanel::restoreFrame() {
+    frameSettled_.setSingleShot(true);
+    frameSettled_.setInterval(settling);
+    connect(&frameSettled_, &QTimer::timeout, this, [this] { saveFrame(); });
+    const auto stored = model_.preferences().text(frameKey);
+    const auto remembered = WindowFrame::parse(QString::fromStdString(stored.value_or("")));
+    const auto place =
+        remembered ? remembered->placed(availableAreas(), leastSize) : std::optional<QRect>();
+    if (place)
+        view().setGeometry(*place);
+    else
+        center();
+    const auto moved = [this] {
+        if (view().isVisible() && view().windowState() == Qt::WindowNoState)
+            frameSettled_.start();
+    };
+    connect(&view(), &QWindow::xChanged, this, moved);
+    connect(&view(), &QWindow::yChanged, this, moved);
+    connect(&view(), &QWindow::widthChanged, this, moved);
+    connect(&view(), &QWindow::heightChanged, this, moved);
+}
+
+void LibraryPanel::saveFrame() {
+    if (!frameSettled_.isActive() && sender() != &frameSettled_)
+        return;
+    frameSettled_.stop();
+    const QScreen* screen = view().screen();
+    const WindowFrame frame{view().geometry(), screen ? screen->geometry() : QRect()};
+    model_.preferences().set(frameKey, frame.text().toStdString());
+}
+
+void LibraryPanel::makeKeyAndOrderFront() {
+    if (view().windowState() == Qt::WindowMinimized)
+        view().setWindowState(Qt::WindowNoState);
+    QuickPanel::makeKeyAndOrderFront();
+}
+
+void LibraryPanel::orderOut() {
+    saveFrame();
+    QuickPanel::orderOut();
+}
+
+} // namespace brinmoor

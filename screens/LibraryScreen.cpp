@@ -1,0 +1,20 @@
+#include "screens/LibraryScreen.h"
+
+namespace brinmoor {
+
+void LibraryScreen::setHint(const QString& shortcutLabel, bool closesAfterSave) {
+    if (shortcutLabel == shortcutLabel_ && closesAfterSave == closesAfterSave_)
+        return;
+    shortcutLabel_ = shortcutLabel;
+    closesAfterSave_ = closesAfterSave;
+    Q_EMIT hintChanged();
+}
+
+void LibraryScreen::setError(const QString& error) {
+    if (error == error_)
+        return;
+    error_ = error;
+    Q_EMIT errorChanged();
+}
+
+} // namespace brinmoor

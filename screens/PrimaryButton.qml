@@ -1,0 +1,9 @@
+import QtQuick
+import Brinmoor
+
+BaseButton {
+    fill: Theme.sage
+    labelColor: Theme.onAccent
+    hoverGround: Theme.accentHover
+    pressGround: Theme.accentPress
+}

@@ -1,0 +1,131 @@
+#include "screens/QuickPanels.h"
+
+#include "app/AppModel.h"
+#include "screens/Appearance.h"
+#include "screens/LibraryPanel.h"
+#include "screens/LibraryTags.h"
+#include "screens/NoticePanel.h"
+#include "screens/QuickCaptureForm.h"
+#include "screens/ScreenModule.h"
+#include "screens/TabSelectionList.h"
+
+#include <QAccessible>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QQmlContext>
+#include <QQmlProperty>
+#include <QQuickItem>
+#include <QScreen>
+
+namespace brinmoor {
+
+namespace {
+
+PanelRect panelRect(const QRect& rectangle) {
+    return {{rectangle.x(), rectangle.y()}, {rectangle.width(), rectangle.height()}};
+}
+
+QQmlEngine& withScreens(QQmlEngine& engine) {
+    registerScreens();
+    return engine;
+}
+
+} // namespace
+
+QuickPanels::QuickPanels() : appearance_(appearanceOf(withScreens(engine_))) {}
+
+QuickPanels::~QuickPanels() {
+    // Windows that wait for their deletion may not outlive the engine.
+    for (const auto& view : views_)
+        delete view.data();
+}
+
+std::unique_ptr<Panel> QuickPanels::kept(std::unique_ptr<QuickPanel> panel) {
+    std::erase_if(views_, [](const auto& view) { return view.isNull(); });
+    views_.emplace_back(&panel->view());
+    return panel;
+}
+
+std::unique_ptr<Panel> QuickPanels::libraryWindow(AppModel& model) {
+    return kept(std::make_unique<LibraryPanel>(engine_, model));
+}
+
+std::unique_ptr<Panel> QuickPanels::captureEditor(AppModel& model, const CaptureDraft& draft,
+                                                  const std::string& title) {
+    auto panel =
+        std::make_unique<QuickPanel>(engine_, PanelKind::floating, QString::fromStdString(title));
+    QuickCaptureActions actions{
+        .save = [&model](SavedLink link) { return model.saveDraft(std::move(link)); },
+        .cancel =
+            [owner = QPointer(panel.get())] {
+                if (owner)
+                    owner->close();
+            }};
+    auto* form = new QuickCaptureForm(draft.link, libraryTags(model.library()), std::move(actions),
+                                      &panel->view());
+    panel->load(QStringLiteral("QuickCaptureView"),
+                {{QStringLiteral("form"), QVariant::fromValue(form)}});
+    return kept(std::move(panel));
+}
+
+std::unique_ptr<Panel> QuickPanels::tabSelection(AppModel& model, Uuid draftID,
+                                                 const std::string& title) {
+    auto panel =
+        std::make_unique<QuickPanel>(engine_, PanelKind::floating, QString::fromStdString(title));
+    TabSelectionActions actions{
+        .update = [&model](UuidSet selected) { model.updateTabSelection(std::move(selected)); },
+        .save = [&model] { model.saveTabSelection(); },
+        .cancel =
+            [owner = QPointer(panel.get())] {
+                if (owner)
+                    owner->close();
+            }};
+    auto* tabs = new TabSelectionList(draftID, std::move(actions), &panel->view());
+    tabs->show(model.tabSelection());
+    QObject::connect(&model, &AppModel::tabSelectionChanged, tabs,
+                     [tabs, &model] { tabs->show(model.tabSelection()); });
+    panel->load(QStringLiteral("TabSelectionView"),
+                {{QStringLiteral("tabs"), QVariant::fromValue(tabs)}});
+    return kept(std::move(panel));
+}
+
+std::unique_ptr<Panel> QuickPanels::notice(const CaptureNotice& notice, NoticeActions actions) {
+    return kept(std::make_unique<NoticePanel>(engine_, notice, std::move(actions)));
+}
+
+std::vector<PanelScreen> QuickPanels::screens() const {
+    std::vector<PanelScreen> result;
+    const QScreen* main = QGuiApplication::primaryScreen();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const PanelScreen described{panelRect(screen->geometry()),
+                                    panelRect(screen->availableGeometry())};
+        result.insert(screen == main ? result.begin() : result.end(), described);
+    }
+    return result;
+}
+
+PanelPoint QuickPanels::pointer() const {
+    const QPoint place = QCursor::pos();
+    return {place.x(), place.y()};
+}
+
+bool QuickPanels::applicationIsActive() const {
+    return QGuiApplication::focusWindow() != nullptr;
+}
+
+void QuickPanels::announce(Panel& panel, const std::string& text) {
+    auto* shown = dynamic_cast<QuickPanel*>(&panel);
+    QQuickItem* root = shown ? shown->view().rootObject() : nullptr;
+    if (!root)
+        return;
+    QQmlProperty::write(root, QStringLiteral("Accessible.name"), QString::fromStdString(text),
+                        qmlContext(root));
+    QAccessibleEvent event(root, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void QuickPanels::setAppearance(AppAppearance appearance) {
+    appearance_.setAppearance(appearance);
+}
+
+} // namespace brinmoor

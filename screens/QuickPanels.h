@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/Panels.h"
+
+#include <QPointer>
+#include <QQmlEngine>
+#include <QQuickView>
+
+#include <vector>
+
+namespace brinmoor {
+
+class Appearance;
+class QuickPanel;
+
+/// The windows of the application, drawn by QML. All of them share one engine and one theme.
+/// The panels it makes go before it does.
+class QuickPanels final : public Panels {
+public:
+    /// Needs a QGuiApplication.
+    QuickPanels();
+    ~QuickPanels() override;
+
+    [[nodiscard]] std::unique_ptr<Panel> libraryWindow(AppModel& model) override;
+    [[nodiscard]] std::unique_ptr<Panel> captureEditor(AppModel& model, const CaptureDraft& draft,
+                                                       const std::string& title) override;
+    [[nodiscard]] std::unique_ptr<Panel> tabSelection(AppModel& model, Uuid draftID,
+                                                      const std::string& title) override;
+    [[nodiscard]] std::unique_ptr<Panel> notice(const CaptureNotice& notice,
+                                                NoticeActions actions) override;
+
+    [[nodiscard]] std::vector<PanelScreen> screens() const override;
+    [[nodiscard]] PanelPoint pointer() const override;
+    [[nodiscard]] bool applicationIsActive() const override;
+    void announce(Panel& panel, const std::string& text) override;
+    void setAppearance(AppAppearance appearance) override;
+
+    [[nodiscard]] QQmlEngine& engine() noexcept { return engine_; }
+
+private:
+    std::unique_ptr<Panel> kept(std::unique_ptr<QuickPanel> panel);
+
+    QQmlEngine engine_;
+    Appearance& appearance_;
+    std::vector<QPointer<QQuickView>> views_;
+};
+
+} // namespace brinmoor

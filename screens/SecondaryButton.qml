@@ -1,0 +1,7 @@
+import QtQuick
+import Brinmoor
+
+BaseButton {
+    fill: Theme.fill
+    labelColor: Theme.ink
+}

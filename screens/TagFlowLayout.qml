@@ -1,0 +1,7 @@
+import QtQuick
+import Brinmoor
+
+// Chips from left to right, on as many lines as they need.
+Flow {
+    spacing: 6
+}

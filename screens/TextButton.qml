@@ -1,0 +1,6 @@
+import QtQuick
+import Brinmoor
+
+BaseButton {
+    labelColor: Theme.sage
+}
