@@ -90,7 +90,8 @@ struct ChromiumSession::Driver {
 
 ChromiumSession::ChromiumSession(ChromiumOptions options)
     : options_(std::move(options)), driver_(std::make_shared<Driver>()),
-      server_([this](const HttpRequest& request) { return answer(request); }) {
+      server_([this](const HttpRequest& request) { return answer(request); }),
+      tlsServer_([this](const HttpRequest& request) { return answer(request); }, Transport::tls) {
     if (options_.connected)
         writeManifest();
 }
@@ -135,7 +136,9 @@ ChromiumSession::commandLine(const std::vector<std::string>& arguments) const {
         "--password-store=basic",
         "--user-data-dir=" + profile_.path(),
         "--load-extension=" + options_.extensionFolder + "," + BRINMOOR_DRIVER_EXTENSION,
-        "--host-resolver-rules=MAP * 127.0.0.1:" + std::to_string(server_.port())};
+        "--ignore-certificate-errors",
+        "--host-resolver-rules=MAP *:443 127.0.0.1:" + std::to_string(tlsServer_.port()) +
+            ",MAP * 127.0.0.1:" + std::to_string(server_.port())};
     line.insert(line.end(), arguments.begin(), arguments.end());
     return line;
 }

@@ -14,7 +14,7 @@
 
 namespace brinmoor::testing {
 
-/// The pages of a pretended web: every host and port is this one.
+/// The pages of a pretended web: every host is this one, by http and by https.
 using Pages = std::function<HttpAnswer(const HttpRequest&)>;
 
 struct ChromiumOptions {
@@ -55,7 +55,7 @@ public:
 
     /// The browser's main process; 0 when it isn't running.
     [[nodiscard]] pid_t process() const;
-    /// The port of the pretended web.
+    /// The port of the pretended web's plain side.
     [[nodiscard]] std::uint16_t port() const { return server_.port(); }
     /// The sockets of the browser's hosts, in the session's runtime folder.
     [[nodiscard]] std::vector<std::string> sockets() const;
@@ -73,6 +73,7 @@ private:
     ScratchFolder profile_;
     std::shared_ptr<Driver> driver_;
     HttpServer server_;
+    HttpServer tlsServer_;
     std::optional<ChildProcess> browser_;
     std::vector<ChildProcess> openers_;
 };

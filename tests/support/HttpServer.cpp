@@ -1,12 +1,13 @@
 #include "tests/support/HttpServer.h"
 
+#include "tests/support/TlsIdentity.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <optional>
 #include <sstream>
@@ -29,12 +30,52 @@ int listenOnLoopback(std::uint16_t& port) {
     return listener;
 }
 
-bool receive(int connection, std::string& bytes) {
+/// One connection, whichever way its bytes go.
+class Stream {
+public:
+    virtual ~Stream() = default;
+    /// How many bytes were read or written; 0 or less at the end.
+    virtual ssize_t read(char* bytes, std::size_t size) = 0;
+    virtual ssize_t write(const char* bytes, std::size_t size) = 0;
+};
+
+class PlainStream final : public Stream {
+public:
+    explicit PlainStream(int connection) : connection_(connection) {}
+    ssize_t read(char* bytes, std::size_t size) override {
+        return ::recv(connection_, bytes, size, 0);
+    }
+    ssize_t write(const char* bytes, std::size_t size) override {
+        return ::send(connection_, bytes, size, MSG_NOSIGNAL);
+    }
+
+private:
+    int connection_;
+};
+
+class TlsStream final : public Stream {
+public:
+    TlsStream(const TlsIdentity& identity, int connection) : stream_(identity, connection) {}
+    ~TlsStream() override {
+        if (ready_)
+            stream_.end();
+    }
+    ssize_t read(char* bytes, std::size_t size) override {
+        ready_ = ready_ || stream_.accept();
+        return ready_ ? stream_.read(bytes, static_cast<int>(size)) : 0;
+    }
+    ssize_t write(const char* bytes, std::size_t size) override {
+        return stream_.write(bytes, static_cast<int>(size));
+    }
+
+private:
+    TlsIdentity::Stream stream_;
+    bool ready_ = false;
+};
+
+bool receive(Stream& stream, std::string& bytes) {
     std::array<char, 16384> piece{};
-    ssize_t size = 0;
-    do
-        size = ::recv(connection, piece.data(), piece.size(), 0);
-    while (size < 0 && errno == EINTR);
+    const ssize_t size = stream.read(piece.data(), piece.size());
     if (size > 0)
         bytes.append(piece.data(), static_cast<std::size_t>(size));
     return size > 0;
@@ -48,10 +89,10 @@ std::string headerOf(const std::string& head, const std::string& name) {
     return head.substr(value, head.find("\r\n", value) - value);
 }
 
-std::optional<HttpRequest> readRequest(int connection) {
+std::optional<HttpRequest> readRequest(Stream& stream) {
     std::string bytes;
     while (bytes.find("\r\n\r\n") == std::string::npos)
-        if (!receive(connection, bytes))
+        if (!receive(stream, bytes))
             return std::nullopt;
     const auto headEnd = bytes.find("\r\n\r\n") + 2;
     const std::string head = bytes.substr(0, headEnd);
@@ -62,20 +103,19 @@ std::optional<HttpRequest> readRequest(int connection) {
     std::size_t size = 0;
     std::from_chars(length.data(), length.data() + length.size(), size);
     while (bytes.size() < headEnd + 2 + size)
-        if (!receive(connection, bytes))
+        if (!receive(stream, bytes))
             return std::nullopt;
     request.body = bytes.substr(headEnd + 2, size);
     return request;
 }
 
-void sendAll(int connection, const std::string& bytes) {
+void sendAll(Stream& stream, const std::string& bytes) {
     std::size_t sent = 0;
     while (sent < bytes.size()) {
-        const ssize_t size =
-            ::send(connection, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
-        if (size < 0 && errno != EINTR)
+        const ssize_t size = stream.write(bytes.data() + sent, bytes.size() - sent);
+        if (size <= 0)
             return;
-        sent += size > 0 ? static_cast<std::size_t>(size) : 0;
+        sent += static_cast<std::size_t>(size);
     }
 }
 
@@ -90,9 +130,10 @@ std::string bytesOf(const HttpAnswer& answer) {
 
 } // namespace
 
-HttpServer::HttpServer(Handler handler)
-    : handler_(std::move(handler)), listener_(listenOnLoopback(port_)),
-      acceptor_([this] { accept(); }) {}
+HttpServer::HttpServer(Handler handler, Transport transport)
+    : handler_(std::move(handler)),
+      identity_(transport == Transport::tls ? std::make_unique<TlsIdentity>() : nullptr),
+      listener_(listenOnLoopback(port_)), acceptor_([this] { accept(); }) {}
 
 HttpServer::~HttpServer() {
     ending_ = true;
@@ -120,10 +161,16 @@ void HttpServer::accept() {
 }
 
 void HttpServer::serve(int connection) {
-    if (const auto request = readRequest(connection)) {
+    std::unique_ptr<Stream> stream;
+    if (identity_)
+        stream = std::make_unique<TlsStream>(*identity_, connection);
+    else
+        stream = std::make_unique<PlainStream>(connection);
+    if (const auto request = readRequest(*stream)) {
         ++requestCount_;
-        sendAll(connection, bytesOf(handler_(*request)));
+        sendAll(*stream, bytesOf(handler_(*request)));
     }
+    stream.reset();
     const std::scoped_lock lock(guard_);
     open_.remove(connection);
     ::close(connection);

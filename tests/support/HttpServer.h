@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <list>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -25,13 +26,17 @@ struct HttpAnswer {
     std::vector<std::string> headers = {}; ///< further ones, each "Name: value"
 };
 
+enum class Transport { plain, tls };
+
+class TlsIdentity;
+
 /// A web server on the loopback interface, on a port that the system chose. The handler is called
 /// on a thread of each connection and may take its time.
 class HttpServer {
 public:
     using Handler = std::function<HttpAnswer(const HttpRequest&)>;
 
-    explicit HttpServer(Handler handler);
+    explicit HttpServer(Handler handler, Transport transport = Transport::plain);
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
     ~HttpServer();
@@ -44,7 +49,8 @@ private:
     void serve(int connection);
 
     Handler handler_;
-    std::uint16_t port_ = 0; // before the listener, whose making sets it
+    std::unique_ptr<TlsIdentity> identity_; ///< none for a plain server
+    std::uint16_t port_ = 0;                // before the listener, whose making sets it
     int listener_ = -1;
     std::atomic<bool> ending_ = false;
     std::atomic<std::size_t> requestCount_ = 0;
