@@ -2,6 +2,7 @@
 
 #include "core/links/LinkTitle.h"
 #include "core/search/LinkSearch.h"
+#include "core/tags/SiteOfLink.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +12,8 @@ namespace {
 
 constexpr std::int64_t fewestLinks = 2;
 constexpr double smallestConfidence = 0.6;
+/// No text of so many bytes has more characters than a clean title keeps.
+constexpr std::size_t longestUncut = 180;
 
 bool isBetter(const LearnedWords::Evidence& a, const LearnedWords::Evidence& b) {
     return a.confidence > b.confidence || (a.confidence == b.confidence && a.support > b.support);
@@ -32,12 +35,22 @@ void LearnedWords::observe(const SavedLink& example, const std::vector<TagNumber
     if (titleWords_.empty())
         return;
     ++example_;
-    const std::string folded = LinkSearch::folded(LinkTitle::clean(example.title));
-    hear(folded);
-    if (heard_.empty() ||
-        !isTitleOfItsOwn(example.title, folded, LinkSearch::folded(example.domain())))
-        return;
-    count(tags);
+    folded_.clear();
+    // White space more or less makes no other words: a short title needs no cleaning for them.
+    if (example.title.size() <= longestUncut)
+        text::appendFolded(folded_, example.title);
+    else
+        text::appendFolded(folded_, LinkTitle::clean(example.title));
+    hear(folded_);
+    if (!heard_.empty() && isWorthReading(example))
+        count(tags);
+}
+
+bool LearnedWords::isWorthReading(const SavedLink& example) {
+    folded_ = LinkSearch::folded(LinkTitle::clean(example.title));
+    if (!mayBeginWithDomain(folded_, example, host_))
+        return !LinkTitle::isGeneric(example.title);
+    return isTitleOfItsOwn(example.title, folded_, LinkSearch::folded(example.domain()));
 }
 
 void LearnedWords::hear(std::string_view foldedTitle) {
@@ -71,22 +84,24 @@ void LearnedWords::count(const std::vector<TagNumber>& tags) {
 }
 
 LearnedWords::StemNumber LearnedWords::stemNumber(std::string_view token) {
-    const auto known = byToken_.find(token);
-    if (known != byToken_.end())
-        return known->second;
-    return byToken_.emplace(token, newStemNumber(token)).first->second;
+    const auto [number, isNew] = tokens_.add(token, TextNumbers::Storage::copied);
+    if (isNew)
+        stemOfToken_.push_back(newStemNumber(token));
+    return stemOfToken_[number];
 }
 
 LearnedWords::StemNumber LearnedWords::newStemNumber(std::string_view token) {
     const std::string text = stem(token);
-    if (const auto known = byStem_.find(text); known != byStem_.end())
-        return known->second;
+    const auto [textNumber, isNew] = stemTexts_.add(text, TextNumbers::Storage::copied);
+    if (!isNew)
+        return stemOfText_[textNumber];
     StemNumber number = unheard;
     if (isLearnable(text) && isInTitle(Word(text))) {
         number = static_cast<StemNumber>(stems_.size());
         stems_.emplace_back();
     }
-    return byStem_.emplace(text, number).first->second;
+    stemOfText_.push_back(number);
+    return number;
 }
 
 bool LearnedWords::isInTitle(const Word& stem) const {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/tags/TagTable.h"
+#include "core/tags/TextNumbers.h"
 #include "core/tags/TitleWords.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -36,17 +36,9 @@ private:
         std::uint64_t lastExample = 0;
         std::unordered_map<TagNumber, std::int64_t> tags;
     };
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const noexcept {
-            return std::hash<std::string_view>{}(text);
-        }
-    };
-    template <class Value>
-    using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
-
     static constexpr StemNumber unheard = ~StemNumber{0};
 
+    [[nodiscard]] bool isWorthReading(const SavedLink& example);
     void hear(std::string_view foldedTitle);
     StemNumber stemNumber(std::string_view token);
     StemNumber newStemNumber(std::string_view token);
@@ -55,13 +47,17 @@ private:
 
     const std::vector<Word>& titleWords_;
     std::vector<bool> firstBytes_; ///< of the title's words: a word that matches has one of them
-    TextMap<StemNumber> byToken_;
-    TextMap<StemNumber> byStem_;
+    TextNumbers tokens_;
+    std::vector<StemNumber> stemOfToken_;
+    TextNumbers stemTexts_;
+    std::vector<StemNumber> stemOfText_;
     std::vector<Stem> stems_;
     std::vector<StemNumber> heard_; ///< in the present example
     std::vector<std::uint64_t> lastExampleOfTag_;
     std::vector<TagNumber> tags_;
     std::uint64_t example_ = 0;
+    std::string folded_; ///< kept for its room, as is the next
+    std::string host_;
 };
 
 } // namespace brinmoor::LinkAutoTagging

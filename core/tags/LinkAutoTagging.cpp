@@ -1,15 +1,15 @@
 #include "core/tags/LinkAutoTagging.h"
 
-#include "core/library/Library.h"
-#include "core/search/LinkSearch.h"
 #include "core/tags/LearnedWords.h"
+#include "core/tags/SiteOfLink.h"
 #include "core/tags/TagTable.h"
+#include "core/tags/TextNumbers.h"
 #include "core/tags/TitleWords.h"
+#include "core/text/AddressIdentity.h"
 #include "core/text/Characters.h"
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_set>
 
 namespace brinmoor::LinkAutoTagging {
 namespace {
@@ -27,12 +27,12 @@ std::vector<Word> wordsOf(const std::vector<std::string>& tokens) {
 
 /// How often each tag stands on the site of the new link.
 struct SiteCounts {
-    std::string foldedDomain;
+    Site site;
     std::int64_t examples = 0;
     std::vector<std::int64_t> tags; ///< by tag; what lies behind its end is 0
 
     void observe(const SavedLink& example, const std::vector<TagNumber>& exampleTags) {
-        if (LinkSearch::folded(example.domain()) != foldedDomain)
+        if (!site.holds(example))
             return;
         ++examples;
         for (const TagNumber tag : exampleTags) {
@@ -63,9 +63,7 @@ struct Signals {
     LearnedWords learned;
 
     explicit Signals(const SavedLink& link)
-        : titleWords(wordsOf(usableTitleTokens(link))), site{LinkSearch::folded(link.domain()),
-                                                             0,
-                                                             {}},
+        : titleWords(wordsOf(usableTitleTokens(link))), site{Site(link), 0, {}},
           learned(titleWords) {}
     Signals(const Signals&) = delete;
     Signals& operator=(const Signals&) = delete;
@@ -82,21 +80,38 @@ struct Signals {
 /// The first example of each page; the new link's own page is none.
 void observeExamples(Signals& signals, const SavedLink& link,
                      const std::vector<SavedLink>& examples) {
-    std::unordered_set<std::string> seen;
+    TextNumbers seen;
     seen.reserve(examples.size() + 1);
-    seen.insert(Library::identity(link.url));
+    std::string identity;
+    const auto isNew = [&](const std::string& url) {
+        addresses::writeIdentity(url, identity);
+        if (identity == url)
+            return seen.add(url, TextNumbers::Storage::borrowed).second;
+        return seen.add(identity, TextNumbers::Storage::copied).second;
+    };
+    (void)isNew(link.url);
     for (const SavedLink& example : examples) {
-        if (seen.insert(Library::identity(example.url)).second)
+        if (isNew(example.url))
             signals.observe(example);
     }
+}
+
+/// Words that match begin alike, so most tags are told apart by the beginning of their first word.
+bool mayBePhrase(const std::vector<Word>& titleWords, std::string_view foldedTag) {
+    std::size_t at = 0;
+    const std::string_view first = nextToken(foldedTag, at);
+    return !first.empty() && std::ranges::any_of(titleWords, [&](const Word& word) {
+        return word.text.front() == first.front();
+    });
 }
 
 void addTitlePoints(std::vector<Candidate>& candidates, const Signals& signals) {
     if (signals.titleWords.empty())
         return;
     for (Candidate& candidate : candidates) {
-        const std::string folded = LinkSearch::folded(signals.tags.name(candidate.tag));
-        if (containsPhrase(signals.titleWords, wordsOf(tokens(folded))))
+        const std::string_view folded = signals.tags.fold(candidate.tag);
+        if (mayBePhrase(signals.titleWords, folded) &&
+            containsPhrase(signals.titleWords, wordsOf(tokens(folded))))
             candidate.add(titlePoints, signals.tags.count(candidate.tag));
     }
 }

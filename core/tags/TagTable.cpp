@@ -45,10 +45,10 @@ TagCaseStyle TagTable::style() const noexcept {
 }
 
 TagTable::Spelling& TagTable::spelling(const std::string& raw) {
-    const auto known = spellings_.find(raw);
-    if (known != spellings_.end())
-        return known->second;
-    return spellings_.emplace(raw, newSpelling(raw)).first->second;
+    const auto [number, isNew] = raw_.add(raw, TextNumbers::Storage::borrowed);
+    if (isNew)
+        spellings_.push_back(newSpelling(raw));
+    return spellings_[number];
 }
 
 TagTable::Spelling TagTable::newSpelling(const std::string& raw) {
@@ -56,19 +56,18 @@ TagTable::Spelling TagTable::newSpelling(const std::string& raw) {
     if (normalized.empty())
         return {};
     const std::string& name = normalized.front();
-    const auto next = static_cast<std::uint32_t>(lastLink_.size());
-    const auto [lowercase, isNew] = byLowercase_.emplace(text::lowercased(name), next);
+    const auto [lowercase, isNew] =
+        lowercases_.add(text::lowercased(name), TextNumbers::Storage::copied);
     if (isNew)
         lastLink_.push_back(0);
-    return {name, std::nullopt, lowercase->second, voteOf(name)};
+    return {name, std::nullopt, lowercase, voteOf(name)};
 }
 
 TagNumber TagTable::tagOf(const std::string& name) {
-    const auto next = static_cast<TagNumber>(tags_.size());
-    const auto [fold, isNew] = byFold_.emplace(LinkSearch::folded(name), next);
+    const auto [tag, isNew] = folds_.add(LinkSearch::folded(name), TextNumbers::Storage::copied);
     if (isNew)
         tags_.push_back({name, 0});
-    return fold->second;
+    return tag;
 }
 
 } // namespace brinmoor::LinkAutoTagging

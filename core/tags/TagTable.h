@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/tags/TagCaseStyle.h"
+#include "core/tags/TextNumbers.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace brinmoor::LinkAutoTagging {
@@ -26,6 +26,7 @@ public:
     [[nodiscard]] std::size_t size() const noexcept { return tags_.size(); }
     /// The spelling that was met first.
     [[nodiscard]] const std::string& name(TagNumber tag) const { return tags_[tag].name; }
+    [[nodiscard]] std::string_view fold(TagNumber tag) const { return folds_.text(tag); }
     [[nodiscard]] std::int64_t count(TagNumber tag) const { return tags_[tag].count; }
     /// The letter case of most tags, each counted as often as it was met.
     [[nodiscard]] TagCaseStyle style() const noexcept;
@@ -48,9 +49,10 @@ private:
     Spelling newSpelling(const std::string& raw);
     TagNumber tagOf(const std::string& name);
 
-    std::unordered_map<std::string_view, Spelling> spellings_;
-    std::unordered_map<std::string, TagNumber> byFold_;
-    std::unordered_map<std::string, std::uint32_t> byLowercase_;
+    TextNumbers raw_;
+    std::vector<Spelling> spellings_; ///< by number of raw_
+    TextNumbers folds_;               ///< their numbers are the tags
+    TextNumbers lowercases_;
     std::vector<std::uint64_t> lastLink_; ///< by lower case: the last link that had it
     std::vector<Tag> tags_;
     std::vector<TagNumber> current_;

@@ -1,0 +1,58 @@
+#include "core/tags/TextNumbers.h"
+
+#include <algorithm>
+#include <bit>
+#include <functional>
+
+namespace brinmoor::LinkAutoTagging {
+namespace {
+
+constexpr std::size_t fewestSlots = 64;
+
+std::uint32_t hashOf(std::string_view text) noexcept {
+    const std::uint64_t hash = std::hash<std::string_view>{}(text);
+    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+}
+
+} // namespace
+
+std::pair<std::uint32_t, bool> TextNumbers::add(std::string_view text, Storage storage) {
+    if (2 * texts_.size() >= slots_.size())
+        grow(std::max(2 * slots_.size(), fewestSlots));
+    const std::uint32_t hash = hashOf(text);
+    std::size_t at = firstSlot(hash);
+    for (; slots_[at].numberAndOne != 0; at = (at + 1) & (slots_.size() - 1)) {
+        const std::uint32_t number = slots_[at].numberAndOne - 1;
+        if (slots_[at].hash == hash && texts_[number] == text)
+            return {number, false};
+    }
+    const auto number = static_cast<std::uint32_t>(texts_.size());
+    slots_[at] = {number + 1, hash};
+    texts_.push_back(storage == Storage::borrowed ? text
+                                                  : std::string_view(copies_.emplace_back(text)));
+    return {number, true};
+}
+
+void TextNumbers::reserve(std::size_t count) {
+    texts_.reserve(count);
+    grow(std::bit_ceil(std::max(2 * count + 2, fewestSlots)));
+}
+
+std::size_t TextNumbers::firstSlot(std::uint32_t hash) const noexcept {
+    return hash & (slots_.size() - 1);
+}
+
+void TextNumbers::grow(std::size_t slotCount) {
+    std::vector<Slot> old(slotCount);
+    old.swap(slots_);
+    for (const Slot& slot : old) {
+        if (slot.numberAndOne == 0)
+            continue;
+        std::size_t at = firstSlot(slot.hash);
+        while (slots_[at].numberAndOne != 0)
+            at = (at + 1) & (slots_.size() - 1);
+        slots_[at] = slot;
+    }
+}
+
+} // namespace brinmoor::LinkAutoTagging
