@@ -1,6 +1,39 @@
 #include "app/AppDelegate.h"
 #include "app/wording/LinuxWording.h"
+#include "core/text/Fold.h"
+#include "main/Installation.h"
+#include "main/RealParts.h"
+#include "platform/linux/XdgOpener.h"
+#include "screens/QuickPanels.h"
 
-int main() {
-    return 0;
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLocale>
+#include <QTimer>
+#include <QUrl>
+
+int main(int count, char** arguments) {
+    using namespace brinmoor;
+    QGuiApplication::setDesktopFileName(QStringLiteral("brinmoor"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const QGuiApplication application(count, arguments);
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Brinmoor"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("brinmoor")));
+
+    text::setUserLocale(QLocale::system().name().toStdString());
+    installLinuxWording();
+
+    const Installation installation = Installation::ofThisProgram();
+    RealParts real(installation);
+    XdgOpener opener;
+    QuickPanels panels;
+    AppDelegate shell(real.parts(), panels);
+    shell.openAutomationSettings = [&] {
+        const QUrl page = QUrl::fromLocalFile(installation.browserAccessPage);
+        opener.openAddress(page.toString(QUrl::FullyEncoded).toStdString());
+    };
+    shell.launch();
+    // After the first frame: no window waits for it.
+    QTimer::singleShot(0, &application, [&] { connectBrowsers(installation); });
+    return QGuiApplication::exec();
 }

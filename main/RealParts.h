@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/AppModel.h"
+#include "browser/ScriptTool.h"
+#include "main/Installation.h"
+#include "platform/linux/JsonPreferences.h"
+#include "platform/linux/NativeMessagingManifests.h"
+#include "platform/linux/Places.h"
+#include "platform/linux/SystemClock.h"
+
+#include <memory>
+#include <vector>
+
+namespace brinmoor {
+
+/// The real answers to everything that the application asks of the desktop. Outlives the shell.
+class RealParts {
+public:
+    explicit RealParts(const Installation& installation);
+    ~RealParts();
+    RealParts(const RealParts&) = delete;
+    RealParts& operator=(const RealParts&) = delete;
+
+    [[nodiscard]] AppParts parts();
+
+private:
+    Places places_;
+    SystemClock clock_;
+    JsonPreferences preferences_;
+    std::unique_ptr<HotKeys> hotKeys_;
+    std::unique_ptr<Workspace> workspace_;
+    ScriptTool scripts_;
+};
+
+/// Tells every installed browser where the helper program lies, and puts right what is no longer
+/// true. Whether a browser is connected is decided by its answer alone, never by what this gives.
+std::vector<ManifestOutcome> connectBrowsers(const Installation& installation);
+
+} // namespace brinmoor
