@@ -7,13 +7,15 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
 namespace brinmoor {
 namespace {
 
-/// Words with the frequencies of a language: the n-th is met 1/n as often as the first.
+/// Words with the frequencies of a language without its few commonest words, which are too short
+/// to be learned: the n-th is met in proportion to 1 / (n + 20).
 class Words {
 public:
     explicit Words(std::mt19937& random) : random_(random) {
@@ -29,6 +31,7 @@ public:
 
 private:
     static constexpr int count = 20000;
+    static constexpr double commonest = 20;
 
     std::string word() {
         static const std::vector<std::string> syllables{

@@ -42,6 +42,25 @@ bool containsAny(std::string_view text, const auto& parts) {
         parts, [&](std::string_view part) { return text.find(part) != std::string_view::npos; });
 }
 
+/// Whether a byte can be one of a white space character other than the blank: a control character
+/// or the first byte of a longer one.
+bool mayBelongToSpace(unsigned char unit) noexcept {
+    return unit < 0x20 || unit == 0xC2 || (unit >= 0xE1 && unit <= 0xE3);
+}
+
+/// The lower case as far as the rules about generic titles can see it. They hold no letter but
+/// those of ASCII, and only two others have one of these as their lower case: "İ" and the Kelvin
+/// sign.
+std::string loweredForRules(std::string_view title) {
+    if (title.find("\u0130") != std::string_view::npos ||
+        title.find("\u212A") != std::string_view::npos)
+        return text::lowercased(title);
+    std::string lower(title);
+    for (char& unit : lower)
+        unit = unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit + ('a' - 'A')) : unit;
+    return lower;
+}
+
 std::size_t endOfDigits(std::string_view text, std::size_t at) {
     while (at < text.size()) {
         std::size_t next = at;
@@ -88,12 +107,28 @@ std::optional<std::string> ownDescription(const Metadata& metadata) {
 } // namespace
 
 std::string clean(std::string_view title) {
+    if (isSurelyClean(title))
+        return std::string(title);
     const std::string line = text::withSingleBlanks(title);
     return std::string(text::firstGraphemes(text::trimmed(line), longestTitle));
 }
 
+bool isSurelyClean(std::string_view title) noexcept {
+    if (title.empty() || title.size() > longestTitle || title.back() == ' ')
+        return title.empty();
+    bool wasBlank = true;
+    for (const char unit : title) {
+        const bool isBlank = unit == ' ';
+        if ((isBlank && wasBlank) || mayBelongToSpace(static_cast<unsigned char>(unit)))
+            return false;
+        wasBlank = isBlank;
+    }
+    return true;
+}
+
 bool isGeneric(std::string_view title) {
-    const std::string lower = text::lowercased(clean(title));
+    const std::string lower =
+        isSurelyClean(title) ? loweredForRules(title) : loweredForRules(clean(title));
     const std::string_view rest = withoutNotificationCount(lower);
     if (rest.empty() || std::ranges::find(genericTitles, rest) != genericTitles.end())
         return true;

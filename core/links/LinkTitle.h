@@ -18,6 +18,9 @@ using Metadata = std::map<std::string, std::string, std::less<>>;
 /// One line, trimmed, at most 180 grapheme clusters.
 [[nodiscard]] std::string clean(std::string_view title);
 
+/// Whether `title` is certainly what clean() would make of it; false says nothing. Much faster.
+[[nodiscard]] bool isSurelyClean(std::string_view title) noexcept;
+
 /// Whether a title says nothing of its page: a site's name, a login prompt, nothing at all.
 [[nodiscard]] bool isGeneric(std::string_view title);
 

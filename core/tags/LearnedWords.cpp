@@ -47,7 +47,8 @@ void LearnedWords::observe(const SavedLink& example, const std::vector<TagNumber
 }
 
 bool LearnedWords::isWorthReading(const SavedLink& example) {
-    folded_ = LinkSearch::folded(LinkTitle::clean(example.title));
+    if (!LinkTitle::isSurelyClean(example.title))
+        folded_ = LinkSearch::folded(LinkTitle::clean(example.title));
     if (!mayBeginWithDomain(folded_, example, host_))
         return !LinkTitle::isGeneric(example.title);
     return isTitleOfItsOwn(example.title, folded_, LinkSearch::folded(example.domain()));

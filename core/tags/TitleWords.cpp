@@ -30,11 +30,24 @@ bool isAscii(std::string_view text) noexcept {
                                [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
 }
 
-bool belongsToToken(char32_t character) noexcept {
-    if (character >= 0x80)
-        return text::isLetter(character) || text::isNumber(character);
-    return (character >= U'a' && character <= U'z') || (character >= U'0' && character <= U'9') ||
-           (character >= U'A' && character <= U'Z');
+constexpr std::array<bool, 128> asciiTokenCharacters = [] {
+    std::array<bool, 128> belongs{};
+    for (char unit = 0; unit >= 0 && unit < 127; ++unit)
+        belongs[static_cast<std::size_t>(unit)] = (unit >= 'a' && unit <= 'z') ||
+                                                  (unit >= 'A' && unit <= 'Z') ||
+                                                  (unit >= '0' && unit <= '9');
+    return belongs;
+}();
+
+/// Whether the character at `at` belongs to a token; `next` is behind it.
+bool belongsToToken(std::string_view text, std::size_t at, std::size_t& next) noexcept {
+    const auto unit = static_cast<unsigned char>(text[at]);
+    next = at + 1;
+    if (unit < asciiTokenCharacters.size())
+        return asciiTokenCharacters[unit];
+    next = at;
+    const char32_t character = text::nextCharacter(text, next);
+    return text::isLetter(character) || text::isNumber(character);
 }
 
 bool hasAtLeast(std::string_view word, std::size_t characters) {
@@ -84,16 +97,12 @@ bool oneEdit(const Characters& a, const Characters& b) {
 } // namespace
 
 std::string_view nextToken(std::string_view folded, std::size_t& at) noexcept {
-    std::size_t begin = at;
-    for (std::size_t next = at; next < folded.size(); begin = next) {
-        if (belongsToToken(text::nextCharacter(folded, next)))
-            break;
-    }
-    at = begin;
-    for (std::size_t next = at; next < folded.size(); at = next) {
-        if (!belongsToToken(text::nextCharacter(folded, next)))
-            break;
-    }
+    std::size_t next = at;
+    while (at < folded.size() && !belongsToToken(folded, at, next))
+        at = next;
+    const std::size_t begin = at;
+    while (at < folded.size() && belongsToToken(folded, at, next))
+        at = next;
     return folded.substr(begin, at - begin);
 }
 

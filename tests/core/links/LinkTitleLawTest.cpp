@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <unicode/regex.h>
 
+#include <algorithm>
+
 namespace brinmoor::LinkTitle {
 namespace {
 
@@ -52,12 +54,47 @@ TEST(LinkTitleLaws, titlesAreReadAsByTheirPatterns) {
     std::size_t generic = 0;
     tests::forSeeds(50000, [&](tests::Generated& generated) {
         const std::string title = generated.textOf(pieces, 7);
-        EXPECT_EQ(clean(title), cleanByPattern(title)) << testing::PrintToString(title);
+        const std::string cleaned = cleanByPattern(title);
+        EXPECT_EQ(clean(title), cleaned) << testing::PrintToString(title);
+        EXPECT_TRUE(!isSurelyClean(title) || cleaned == title) << testing::PrintToString(title);
         const bool expected = isGenericByPattern(title);
         EXPECT_EQ(isGeneric(title), expected) << testing::PrintToString(title);
         generic += expected ? 1 : 0;
     });
     EXPECT_GT(generic, 1000U) << "the generated titles are too rarely generic to compare";
+}
+
+std::string utf8(char32_t character) {
+    std::string text;
+    icu::UnicodeString(static_cast<UChar32>(character)).toUTF8String(text);
+    return text;
+}
+
+/// Titles are read with the letter case of ASCII alone wherever that is the same.
+TEST(LinkTitleLaws, everyCharacterInAGenericTitleCountsAsItsLowerCase) {
+    for (char32_t character = 1; character <= 0x10FFFF; ++character) {
+        if (character >= 0xD800 && character <= 0xDFFF)
+            continue;
+        const std::string inside = utf8(character);
+        const std::string lower = text::lowercased(inside);
+        const auto seen = [](unsigned char unit) { return unit < 0x80; };
+        if (character >= 0x80 && std::none_of(lower.begin(), lower.end(), seen))
+            continue;
+        for (const std::string& title :
+             {inside, "lin" + inside + "edin", "jo" + inside + "n instagram",
+              "home /" + inside + "x", "a" + inside})
+            ASSERT_EQ(isGeneric(title), isGenericByPattern(title)) << testing::PrintToString(title);
+    }
+}
+
+TEST(LinkTitleLaws, everyCharacterIsKnownToBeCleanOrMaybeNot) {
+    for (char32_t character = 1; character <= 0x10FFFF; ++character) {
+        if (character >= 0xD800 && character <= 0xDFFF)
+            continue;
+        const std::string title = "a" + utf8(character);
+        ASSERT_TRUE(!isSurelyClean(title) || clean(title) == title)
+            << static_cast<unsigned>(character);
+    }
 }
 
 TEST(LinkTitleLaws, aCleanTitleIsClean) {
