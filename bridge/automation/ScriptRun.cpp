@@ -1,7 +1,7 @@
 #include "bridge/automation/ScriptRun.h"
 
+#include "bridge/automation/Modules.h"
 #include "bridge/automation/ScriptBridge.h"
-#include "bridge/automation/Texts.h"
 
 #include <QJSEngine>
 #include <QJSValue>
@@ -35,10 +35,9 @@ Outcome runScript(std::string_view script, HostConnections& connections) {
     QJSEngine engine;
     ScriptBridge bridge(connections, engine);
     QJSEngine::setObjectOwnership(&bridge, QJSEngine::CppOwnership);
-    const QJSValue sorting = engine.evaluate(qText(stableSort));
-    const QJSValue model = engine.evaluate(qText(objectModel));
-    const QJSValue finish = model.call({engine.newQObject(&bridge)});
-    if (sorting.isError() || !finish.isCallable())
+    const QJSValue install = objectModel(engine).property(QStringLiteral("install"));
+    const QJSValue finish = install.call({engine.newQObject(&bridge)});
+    if (!finish.isCallable())
         return failed(QStringLiteral("The object model could not be made."), scriptFailure);
     const QJSValue evaluated = engine.evaluate(qText(script));
     if (evaluated.isError())

@@ -1,4 +1,4 @@
-#include "bridge/automation/Texts.h"
+#include "bridge/automation/Modules.h"
 
 #include <QCoreApplication>
 #include <QJSEngine>
@@ -52,7 +52,11 @@ protected:
     [[nodiscard]] QJSValue evaluate(std::string_view script) {
         return engine.evaluate(text(script));
     }
-    void install() { ASSERT_FALSE(evaluate(stableSort).isError()); }
+    void install() {
+        const QJSValue install =
+            stableSort(engine).property(QStringLiteral("installStableSort"));
+        ASSERT_FALSE(install.call().isError());
+    }
 
     QCoreApplication application{argumentCount, programArguments};
     QJSEngine engine;

@@ -20,7 +20,7 @@ const laterSyntax = [
 ];
 
 const filesOf = folder => readdirSync(folder)
-    .filter(name => name.endsWith('.js'))
+    .filter(name => /\.m?js$/.test(name))
     .map(name => join(folder, name));
 
 function check(file, type) {
@@ -32,7 +32,7 @@ function check(file, type) {
 }
 
 for (const file of [...filesOf(scripts), ...filesOf(join(bridge, 'automation'))]) {
-    const text = check(file, 'commonjs');
+    const text = check(file, file.endsWith('.mjs') ? 'module' : 'commonjs');
     for (const [pattern, name] of laterSyntax)
         if (pattern.test(text))
             problems.push(`${file}: ${name}`);

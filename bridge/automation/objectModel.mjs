@@ -4,9 +4,11 @@
 // windows with all their tabs come in one answer, the view. README.md tells which reads take a new
 // one. The words of a failure hold nothing that comes from outside: whoever reads them looks for
 // the number of a refusal, and a title or an identifier might contain it by chance.
-(function (bridge) {
-    'use strict';
+import { installStableSort } from './stableSort.mjs';
 
+// Makes `Application` known. Gives a function that calls a script's `run` and gives ['value', text] or
+// ['failure', message, number].
+export function install(bridge) {
     const protocol = 1;
     const pageReader = bridge.pageReader();
     const safariFamily = ['com.apple.Safari', 'com.apple.SafariTechnologyPreview'];
@@ -348,6 +350,7 @@
                 typeof number === 'number' ? number : -2700];
     }
 
+    installStableSort();
     Object.defineProperty(bridge.global(), 'Application', {
         value: id => new ApplicationObject(String(id)),
         writable: true,
@@ -361,4 +364,4 @@
             return describedFailure(error);
         }
     };
-})
+}
