@@ -36,7 +36,8 @@ void writeLink(JsonWriter& json, const SavedLink& link) {
     if (link.iconURL)
         writeText(json, "iconURL", *link.iconURL);
     json.key("id");
-    json.string(link.id.string());
+    const auto id = link.id.characters();
+    json.string({id.data(), id.size()});
     if (link.importance) {
         json.key("importance");
         json.string(storedValue(*link.importance));
@@ -48,6 +49,15 @@ void writeLink(JsonWriter& json, const SavedLink& link) {
     writeText(json, "title", link.title);
     writeText(json, "url", link.url);
     json.endObject();
+}
+
+/// About what the document will take, to spare it most of its growing.
+std::size_t roughSize(const Library& library) {
+    constexpr std::size_t keysOfALink = 400;
+    std::size_t size = 0;
+    for (const SavedLink& link : library.links)
+        size += keysOfALink + link.url.size() + link.title.size() + link.note.size();
+    return size;
 }
 
 } // namespace
@@ -74,6 +84,7 @@ bool document::isWritable(const Library& library) noexcept {
 
 std::string encodeLibrary(const Library& library) {
     std::string result;
+    result.reserve(roughSize(library));
     const bool complete = document::write(library, [&](std::string_view piece) {
         result += piece;
         return true;

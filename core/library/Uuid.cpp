@@ -6,7 +6,6 @@ namespace brinmoor {
 
 namespace {
 
-constexpr std::size_t textLength = 36;
 constexpr std::string_view digits = "0123456789ABCDEF";
 
 constexpr bool isHyphenPosition(std::size_t at) {
@@ -43,8 +42,9 @@ std::optional<Uuid> Uuid::parse(std::string_view text) noexcept {
     return result;
 }
 
-std::string Uuid::string() const {
-    std::string result(textLength, '-');
+std::array<char, Uuid::textLength> Uuid::characters() const noexcept {
+    std::array<char, textLength> result;
+    result.fill('-');
     std::size_t at = 0;
     for (const std::uint8_t byte : bytes) {
         if (isHyphenPosition(at))
@@ -53,6 +53,11 @@ std::string Uuid::string() const {
         result[at++] = digits[byte & 0x0F];
     }
     return result;
+}
+
+std::string Uuid::string() const {
+    const auto text = characters();
+    return {text.begin(), text.end()};
 }
 
 std::size_t UuidHash::operator()(const Uuid& id) const noexcept {

@@ -17,7 +17,10 @@ struct Uuid {
     /// Reads the hyphenated form 8-4-4-4-12, in either letter case and nothing else around it.
     [[nodiscard]] static std::optional<Uuid> parse(std::string_view text) noexcept;
 
-    /// The hyphenated form in upper case, 36 characters.
+    static constexpr std::size_t textLength = 36;
+
+    /// The hyphenated form in upper case.
+    [[nodiscard]] std::array<char, textLength> characters() const noexcept;
     [[nodiscard]] std::string string() const;
 
     friend auto operator<=>(const Uuid&, const Uuid&) = default;

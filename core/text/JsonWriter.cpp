@@ -18,6 +18,13 @@ constexpr std::size_t longestPiece = 4096; ///< of a text, between two looks at 
 // that take a number without point for an integer stay in range.
 constexpr double firstGapInWholeNumbers = 9007199254740992.0;
 
+constexpr auto deepestLine = [] {
+    std::array<char, 1 + blanksPerLevel * JsonWriter::deepestLevel> line{};
+    line.fill(' ');
+    line[0] = '\n';
+    return line;
+}();
+
 char* writeNumber(char* to, double value) {
     if (std::abs(value) >= firstGapInWholeNumbers)
         return std::to_chars(to, to + longestNumber, value, std::chars_format::scientific).ptr;
@@ -57,11 +64,10 @@ void JsonWriter::put(std::string_view text) {
 }
 
 void JsonWriter::newLine() {
-    const std::size_t blanks = blanksPerLevel * level_;
-    ensure(blanks + 1);
-    *cursor_++ = '\n';
-    std::memset(cursor_, ' ', blanks);
-    cursor_ += blanks;
+    // A copy of fixed length, whatever of it counts, is a few stores and no call.
+    ensure(deepestLine.size());
+    std::memcpy(cursor_, deepestLine.data(), deepestLine.size());
+    cursor_ += 1 + blanksPerLevel * level_;
 }
 
 void JsonWriter::beforeValue() {
