@@ -13,10 +13,10 @@ namespace brinmoor {
 /// stands in path, query or fragment is percent-encoded before the strict parse, a "%" without two
 /// hexadecimal digits too; a host with non-ASCII letters becomes its A-label (UTS 46). White space
 /// and control characters inside stay a refusal. Nothing else is changed, so string() is a fixed
-/// point: parse(a.string()) gives an equal address. Further decisions: the four characters that only
-/// browsers allow in a host (" ` { }) are percent-encoded there too; a port is empty or at most
-/// 65535, as browsers have it; a backslash is a path character like any other that needs encoding,
-/// so one inside the authority is a refusal.
+/// point: parse(a.string()) gives an equal address. Further decisions: the four characters that
+/// only browsers allow in a host (" ` { }) are percent-encoded there too; a port is empty or at
+/// most 65535, as browsers have it; a backslash is a path character like any other that needs
+/// encoding, so one inside the authority is a refusal.
 class WebAddress {
 public:
     /// Absent for a text that is no URL with a scheme, even after the repair above.
