@@ -35,7 +35,7 @@ RunningApplication ApplicationIdentity::ownerOf(const WindowOwner& window) {
     RunningApplication application;
     application.processIdentifier = window.process.value_or(0);
     if (window.process)
-        application.bundleIdentifier = browserIdentifierOfProcess(*window.process);
+        application.bundleIdentifier = browserOf(*window.process);
     if (!application.bundleIdentifier) {
         application.bundleIdentifier = browserOfClass(window);
         if (application.bundleIdentifier)
@@ -62,6 +62,14 @@ const std::vector<BrowserProcess>& ApplicationIdentity::runningBrowsers() {
     if (!running_)
         running_ = runningBrowserProcesses();
     return *running_;
+}
+
+/// One browser often owns most of the windows.
+const std::optional<std::string>& ApplicationIdentity::browserOf(std::int32_t process) {
+    const auto found = browserOfProcess_.find(process);
+    if (found != browserOfProcess_.end())
+        return found->second;
+    return browserOfProcess_.emplace(process, browserIdentifierOfProcess(process)).first->second;
 }
 
 std::int32_t ApplicationIdentity::processOfBrowser(const std::string& identifier,

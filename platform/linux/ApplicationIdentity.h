@@ -5,6 +5,7 @@
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/X11Windows.h"
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -30,10 +31,12 @@ public:
     [[nodiscard]] const std::vector<BrowserProcess>& runningBrowsers();
 
 private:
+    [[nodiscard]] const std::optional<std::string>& browserOf(std::int32_t process);
     [[nodiscard]] std::int32_t processOfBrowser(const std::string& identifier,
                                                 std::int32_t otherwise);
 
     DesktopEntries& entries_;
+    std::map<std::int32_t, std::optional<std::string>> browserOfProcess_;
     std::optional<std::vector<BrowserProcess>> running_;
 };
 

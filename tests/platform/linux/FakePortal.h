@@ -68,7 +68,7 @@ class FakeSession final : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Session")
 
 public:
-    explicit FakeSession(FakePortal& portal) : portal_(portal) {}
+    explicit FakeSession(FakePortal& portal) : QObject(&portal), portal_(portal) {}
 
 public Q_SLOTS:
     void Close() {
