@@ -82,7 +82,7 @@ Outcome replaceFile(const std::string& path, std::string_view contents) {
     const auto folder = target.parent_path();
     if (auto made = makeFolder(folder); !made)
         return made;
-    std::string temporary = target.string() + ".XXXXXX";
+    std::string temporary = target.string() + "." + std::string(6, 'X');
     const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!file)
         return lastFailure();
