@@ -1,6 +1,8 @@
 #include "screens/Appearance.h"
 
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QStyleHints>
 
 namespace brinmoor {
 
@@ -9,6 +11,10 @@ void Appearance::setAppearance(AppAppearance appearance) {
         return;
     appearance_ = appearance;
     Q_EMIT changed();
+}
+
+int Appearance::caretPeriod() {
+    return QGuiApplication::styleHints()->cursorFlashTime();
 }
 
 bool Appearance::hasVollkorn() {

@@ -26,6 +26,7 @@ class Appearance final : public QObject {
     Q_PROPERTY(QColor line READ line NOTIFY changed FINAL)
     Q_PROPERTY(QColor onAccent READ onAccent NOTIFY changed FINAL)
     Q_PROPERTY(QColor rust READ rust NOTIFY changed FINAL)
+    Q_PROPERTY(int caretPeriod READ caretPeriod CONSTANT FINAL)
     Q_PROPERTY(bool hasVollkorn READ hasVollkorn CONSTANT FINAL)
 
 public:
@@ -45,6 +46,8 @@ public:
     [[nodiscard]] QColor line() const { return colour(Palette::line); }
     [[nodiscard]] QColor onAccent() const { return colour(Palette::onAccent); }
     [[nodiscard]] QColor rust() const { return colour(Palette::rust); }
+    /// How long a caret is on and off, in milliseconds; 0 where it stands still.
+    [[nodiscard]] static int caretPeriod();
     [[nodiscard]] static bool hasVollkorn();
 
 Q_SIGNALS:

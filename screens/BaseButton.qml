@@ -17,15 +17,15 @@ T.Button {
 
     readonly property int shapeRadius: small ? 8 : 10
 
-    implicitWidth: Math.ceil(label.implicitWidth) + 2 * (small ? 11 : 15)
+    implicitWidth: Math.ceil(implicitContentWidth) + 2 * (small ? 11 : 15)
     implicitHeight: small ? 28 : 34
     padding: 0
     hoverEnabled: true
     opacity: enabled ? 1 : 0.4
     font: small ? Theme.smallButton : Theme.button
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     background: Rectangle {
         radius: control.shapeRadius
@@ -48,7 +48,6 @@ T.Button {
         }
     }
     contentItem: PlainText {
-        id: label
         text: control.text
         color: control.labelColor
         font: control.font

@@ -21,8 +21,8 @@ Rectangle {
 
     Timer {
         id: blink
-        interval: Math.max(1, Qt.styleHints.cursorFlashTime / 2)
-        running: caret.shown && Qt.styleHints.cursorFlashTime > 1
+        interval: Math.max(1, Appearance.caretPeriod / 2)
+        running: caret.shown && Appearance.caretPeriod > 1
         repeat: true
         onTriggered: caret.lit = !caret.lit
         onRunningChanged: caret.lit = true

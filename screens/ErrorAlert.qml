@@ -33,7 +33,7 @@ FocusScope {
 
     Shortcut {
         enabled: alert.enabled
-        sequences: [StandardKey.Cancel]
+        sequences: ["Esc"]
         onActivated: alert.dismissed()
     }
     Rectangle {

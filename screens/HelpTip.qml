@@ -6,7 +6,7 @@ import Brinmoor
 T.ToolTip {
     id: tip
 
-    implicitWidth: Math.ceil(content.implicitWidth) + 18
+    implicitWidth: Math.ceil(implicitContentWidth) + 18
     implicitHeight: 26
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + 6 : 0
@@ -20,7 +20,6 @@ T.ToolTip {
         color: Theme.ink
     }
     contentItem: PlainText {
-        id: content
         text: tip.text
         color: Theme.paper
         font: Theme.smallMedium

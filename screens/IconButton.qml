@@ -17,8 +17,8 @@ T.Button {
     hoverEnabled: true
     opacity: enabled ? 1 : 0.4
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     background: Rectangle {
         radius: 8

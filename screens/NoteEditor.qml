@@ -54,9 +54,9 @@ FocusScope {
             Component.onCompleted: cursorPosition = length
 
             // A note holds no tabs: the key goes on to the next field.
-            KeyNavigation.priority: KeyNavigation.BeforeItem
-            KeyNavigation.tab: nextItemInFocusChain(true)
-            KeyNavigation.backtab: nextItemInFocusChain(false)
+            Keys.priority: Keys.BeforeItem
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
             cursorDelegate: Caret {
                 shown: area.activeFocus && area.cursorVisible

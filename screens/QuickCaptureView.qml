@@ -24,7 +24,7 @@ Rectangle {
         onActivated: view.form.save()
     }
     Shortcut {
-        sequences: [StandardKey.Cancel]
+        sequences: ["Esc"]
         onActivated: view.form.cancel()
     }
 

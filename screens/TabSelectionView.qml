@@ -21,11 +21,11 @@ Rectangle {
         onActivated: view.tabs.save()
     }
     Shortcut {
-        sequences: [StandardKey.Cancel]
+        sequences: ["Esc"]
         onActivated: view.tabs.cancel()
     }
     Shortcut {
-        sequences: [StandardKey.SelectAll]
+        sequences: ["Ctrl+A"]
         onActivated: view.tabs.selectAll()
     }
 

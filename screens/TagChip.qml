@@ -11,16 +11,16 @@ T.Button {
     required property string tag
     property int greatestWidth: 240
 
-    implicitWidth: Math.min(Math.ceil(label.implicitWidth) + 9 + 4 + 12 + 6, greatestWidth)
+    implicitWidth: Math.min(Math.ceil(implicitContentWidth) + leftPadding + rightPadding, greatestWidth)
     implicitHeight: 24
     padding: 0
     leftPadding: 9
-    rightPadding: 6
+    rightPadding: 22
     hoverEnabled: true
     text: Wording.words("Remove tag ") + tag
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     background: Rectangle {
         radius: 8
@@ -31,28 +31,21 @@ T.Button {
             gap: 0
         }
     }
-    contentItem: Item {
-        PlainText {
-            id: label
-            anchors.left: parent.left
-            anchors.right: cross.left
-            anchors.rightMargin: 4
-            height: parent.height
-            text: control.tag
-            color: Theme.sage
-            font: Theme.smallMedium
-        }
-        IconShape {
-            id: cross
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            width: 12
-            height: 12
-            name: "actions/16/edit-delete-remove"
-            color: Theme.sage
-        }
+    contentItem: PlainText {
+        text: control.tag
+        color: Theme.sage
+        font: Theme.smallMedium
     }
 
+    IconShape {
+        anchors.right: parent.right
+        anchors.rightMargin: 6
+        anchors.verticalCenter: parent.verticalCenter
+        width: 12
+        height: 12
+        name: "actions/16/edit-delete-remove"
+        color: Theme.sage
+    }
     HelpTip {
         visible: control.hovered
         text: control.text

@@ -1,5 +1,4 @@
 import QtQuick
-import Brinmoor
 
 // Chips from left to right, on as many lines as they need.
 Flow {

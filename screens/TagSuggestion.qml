@@ -12,17 +12,18 @@ T.Button {
     property bool takenByTab: false
     property int greatestWidth: 240
 
-    implicitWidth: Math.min(Math.ceil(row.implicitWidth) + 18, greatestWidth)
+    implicitWidth: Math.min(Math.ceil(implicitContentWidth) + leftPadding + rightPadding,
+                            greatestWidth)
     implicitHeight: 24
     padding: 0
     leftPadding: 9
-    rightPadding: 9
+    rightPadding: takenByTab ? Math.ceil(hint.width) + 16 : 9
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     text: Wording.words("Add existing tag ") + tag
 
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     background: Rectangle {
         radius: 8
@@ -35,37 +36,33 @@ T.Button {
             gap: 0
         }
     }
-    contentItem: Item {
-        Row {
-            id: row
-
-            height: parent.height
-            spacing: 7
-
-            PlainText {
-                width: Math.min(implicitWidth, control.greatestWidth - 18 - (hint.visible ? 40 : 0))
-                height: parent.height
-                text: control.tag
-                font: Theme.smallMedium
-            }
-            Rectangle {
-                visible: control.takenByTab
-                anchors.verticalCenter: parent.verticalCenter
-                width: 1
-                height: 12
-                color: Theme.field
-            }
-            PlainText {
-                id: hint
-                visible: control.takenByTab
-                height: parent.height
-                text: Wording.words("Tab")
-                color: Theme.ink3
-                font: Theme.tag
-            }
-        }
+    contentItem: PlainText {
+        text: control.tag
+        font: Theme.smallMedium
     }
 
+    Row {
+        id: hint
+
+        anchors.right: parent.right
+        anchors.rightMargin: 9
+        height: parent.height
+        visible: control.takenByTab
+        spacing: 7
+
+        Rectangle {
+            y: 6
+            width: 1
+            height: 12
+            color: Theme.field
+        }
+        PlainText {
+            height: parent.height
+            text: Wording.words("Tab")
+            color: Theme.ink3
+            font: Theme.tag
+        }
+    }
     HelpTip {
         visible: control.hovered
         text: control.text

@@ -24,8 +24,44 @@
         <translation> in browser access settings.</translation>
     </message>
     <message>
+        <source> in System Settings → Privacy &amp; Security → Automation, then try again.</source>
+        <translation> in Settings → Browser Access, then try again.</translation>
+    </message>
+    <message>
+        <source>Allow Brinmoor in System Settings → Privacy &amp; Security → Automation.</source>
+        <translation>Allow Brinmoor in Settings → Browser Access.</translation>
+    </message>
+    <message>
         <source>Open Automation Settings ↗</source>
         <translation>Open Browser Access Settings ↗</translation>
+    </message>
+    <message>
+        <source>Copy the page address and use Add link → Paste URL, or open it in Safari or Chrome.</source>
+        <translation>Copy the page address and use Add link → Paste URL, or open it in Chromium or Chrome.</translation>
+    </message>
+    <message>
+        <source> yet. Copy the page address and use Add link → Paste URL, or open it in Safari or Chrome.</source>
+        <translation> yet. Copy the page address and use Add link → Paste URL, or open it in Chromium or Chrome.</translation>
+    </message>
+    <message>
+        <source>Open a page in Safari or Chrome, then try your shortcut again.</source>
+        <translation>Open a page in Chromium or Chrome, then try your shortcut again.</translation>
+    </message>
+    <message>
+        <source>No browser tab found. Open a page in Safari or Chrome, then press your shortcut again. Brinmoor will remember that browser for captures from other apps.</source>
+        <translation>No browser tab found. Open a page in Chromium or Chrome, then press your shortcut again. Brinmoor will remember that browser for captures from other apps.</translation>
+    </message>
+    <message>
+        <source>On your Mac</source>
+        <translation>On your computer</translation>
+    </message>
+    <message>
+        <source>Only on your Mac</source>
+        <translation>Only on your computer</translation>
+    </message>
+    <message>
+        <source>⌘↵ to save · Esc to cancel</source>
+        <translation>Ctrl+↵ to save · Esc to cancel</translation>
     </message>
 </context>
 </TS>
