@@ -2,132 +2,16 @@
 //
 // A property is read by calling it, as in `w.activeTabIndex()`, and written by assigning to it. All
 // windows with all their tabs come in one answer, the view. README.md tells which reads take a new
-// one. The words of a failure hold nothing that comes from outside: whoever reads them looks for
-// the number of a refusal, and a title or an identifier might contain it by chance.
+// one.
+
+import { Browser, identifier } from './browser.mjs';
+import { fail, own } from './failures.mjs';
 import { installStableSort } from './stableSort.mjs';
 
 // Makes `Application` known. Gives a function that calls a script's `run` and gives ['value', text] or
 // ['failure', message, number].
 export function install(bridge) {
-    const protocol = 1;
     const pageReader = bridge.pageReader();
-    const safariFamily = ['com.apple.Safari', 'com.apple.SafariTechnologyPreview'];
-    const failures = {
-        vanished: ['Can’t get object.', -1728],
-        notRunning: ['Application isn’t running.', -600],
-        notAuthorized: ['Brinmoor is not authorized to read this browser.', -1743],
-        silent: ['The browser did not answer in time.', -1712],
-        lost: ['The connection to the browser was lost.', -609],
-        otherProtocol: ['The browser’s extension and Brinmoor differ in version.', -10000],
-        badAnswer: ['The browser gave an answer that can’t be read.', -10000],
-        unreadable: ['This page can’t be read.', -10000],
-        otherText: ['Only the page reader can be run in a page.', -10000],
-        readOnly: ['This value can’t be set.', -10006],
-    };
-    const failureOfCode = { gone: 'vanished', changed: 'vanished', protocol: 'otherProtocol',
-                            unreadable: 'unreadable' };
-
-    function fail(kind) {
-        const [message, number] = failures[kind];
-        const error = new Error(message);
-        error.errorNumber = number;
-        throw error;
-    }
-
-    // Only the properties that an answer really has count, never what every object inherits.
-    const own = (object, key) =>
-        Object.prototype.hasOwnProperty.call(object, key) ? object[key] : undefined;
-
-    // One browser with all of its profiles, each of which answers through a host of its own.
-    class Browser {
-        constructor(id) {
-            this.id = id;
-            this.safari = safariFamily.includes(id);
-            this.hosts = null;
-            this.view = null;
-            this.lastRequest = 0;
-        }
-
-        connect() {
-            if (!this.hosts)
-                this.hosts = bridge.connect(this.id);
-            if (this.hosts.length === 0)
-                fail(bridge.running(this.id) ? 'notAuthorized' : 'notRunning');
-        }
-
-        ask(host, request, fields) {
-            const id = ++this.lastRequest;
-            const message = Object.assign({ id: id, protocol: protocol, request: request }, fields);
-            const text = bridge.exchange(host, JSON.stringify(message));
-            if (text === '')
-                fail(bridge.failure());
-            return this.resultOf(text, id);
-        }
-
-        resultOf(text, id) {
-            let answer;
-            try {
-                answer = JSON.parse(text);
-            } catch (error) {
-                fail('badAnswer');
-            }
-            if (answer.protocol !== protocol)
-                fail('otherProtocol');
-            if (answer.id !== id)
-                fail('badAnswer');
-            if (answer.error)
-                fail(own(failureOfCode, answer.error.code) || 'badAnswer');
-            if (!answer.result)
-                fail('badAnswer');
-            return answer.result;
-        }
-
-        // A request that changes something; what was read before it no longer holds.
-        act(host, request, fields) {
-            this.view = null;
-            this.ask(host, request, fields);
-        }
-
-        windowsOf(host) {
-            const result = this.ask(host, 'windows', {});
-            if (!Array.isArray(result.windows) || !result.windows.every(w => Array.isArray(w.tabs)))
-                fail('badAnswer');
-            return result.windows.map(each => Object.assign(each, { host: host }));
-        }
-
-        // A profile that is closed meanwhile takes its host along, which is no failure of the others.
-        windowsOfAll() {
-            let windows = [];
-            for (const host of this.hosts) {
-                try {
-                    windows = windows.concat(this.windowsOf(host));
-                } catch (error) {
-                    if (this.hosts.length === 1 || error.errorNumber !== failures.lost[1])
-                        throw error;
-                    this.hosts = this.hosts.filter(each => each !== host);
-                }
-            }
-            return windows;
-        }
-
-        // Front to back over all profiles; the order within one is the extension's.
-        read() {
-            this.connect();
-            this.view = this.windowsOfAll().sort((a, b) =>
-                Number(a.minimized) - Number(b.minimized) ||
-                Number(b.focused) - Number(a.focused) ||
-                b.focusTime - a.focusTime);
-            return this.view;
-        }
-
-        current() {
-            return this.view || this.read();
-        }
-    }
-
-    // Numbers of two browser processes may coincide, so the host's mark belongs to an identifier.
-    const identifier = (host, number) => number + '.' + host;
-
     // A list that can be called, counted, indexed, and asked for one property of all its elements.
     function collection(list, at, length, properties) {
         const call = () => list();
@@ -311,7 +195,7 @@ export function install(bridge) {
 
     class ApplicationObject {
         constructor(id) {
-            const browser = new Browser(id);
+            const browser = new Browser(bridge, id);
             this.id = () => id;
             this.running = () => bridge.running(id);
             this.activate = () => this.bringForward(browser);

@@ -80,7 +80,7 @@ bool isStale(int folder, std::string_view name) {
 } // namespace
 
 Result<FileDescriptor, FolderFailure> openBridgeFolder(const char* runtimeFolder,
-                                                       MissingFolder whenMissing) {
+                                                       MissingFolder whenMissing, uid_t user) {
     if (runtimeFolder == nullptr || *runtimeFolder != '/')
         return failure(FolderFailure::noRuntimeFolder);
     const std::string path = std::string(runtimeFolder) + "/brinmoor";
@@ -94,7 +94,7 @@ Result<FileDescriptor, FolderFailure> openBridgeFolder(const char* runtimeFolder
     if (!folder)
         return failure(FolderFailure::refused);
     struct stat status {};
-    if (::fstat(folder.number(), &status) != 0 || status.st_uid != ::geteuid())
+    if (::fstat(folder.number(), &status) != 0 || status.st_uid != user)
         return failure(FolderFailure::notOurs);
     if ((status.st_mode & 0777) != 0700 && ::fchmod(folder.number(), 0700) != 0)
         return failure(FolderFailure::refused);
@@ -133,14 +133,13 @@ std::vector<HostName> hostsIn(int folder) {
     return hosts;
 }
 
-bool isOwnPeer(int connection) {
+bool isPeerOf(uid_t user, int connection) {
     ucred peer{};
     socklen_t size = sizeof peer;
-    return ::getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
-           peer.uid == ::geteuid();
+    return ::getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == user;
 }
 
-FileDescriptor connectedTo(int folder, const HostName& host) {
+FileDescriptor connectedTo(int folder, const HostName& host, uid_t user) {
     const auto address = addressOf(folder, socketName(host));
     FileDescriptor connection = newSocket();
     if (!address || !connection)
@@ -148,7 +147,7 @@ FileDescriptor connectedTo(int folder, const HostName& host) {
     // A local connection is made at once or not at all; a full queue answers EAGAIN.
     if (::connect(connection.number(), generic(*address), sizeof *address) != 0)
         return {};
-    return isOwnPeer(connection.number()) ? std::move(connection) : FileDescriptor();
+    return isPeerOf(user, connection.number()) ? std::move(connection) : FileDescriptor();
 }
 
 std::optional<ListeningSocket> ListeningSocket::publish(int folder, const HostName& host) {
@@ -177,11 +176,11 @@ ListeningSocket::~ListeningSocket() {
         ::unlinkat(folder_.number(), name_.c_str(), 0);
 }
 
-FileDescriptor ListeningSocket::accepted() const {
+FileDescriptor ListeningSocket::accepted(uid_t user) const {
     for (;;) {
         FileDescriptor connection(
             ::accept4(number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-        if (!connection || isOwnPeer(connection.number()))
+        if (!connection || isPeerOf(user, connection.number()))
             return connection;
     }
 }

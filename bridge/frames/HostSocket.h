@@ -3,6 +3,8 @@
 #include "bridge/frames/FileDescriptor.h"
 #include "core/Result.h"
 
+#include <unistd.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,9 +24,10 @@ enum class FolderFailure {
 enum class MissingFolder { make, leave };
 
 /// `brinmoor` inside the runtime folder, which the session's XDG_RUNTIME_DIR gives. The folder is
-/// closed to everybody else: its rights are set to 0700 when they are wider.
-[[nodiscard]] Result<FileDescriptor, FolderFailure> openBridgeFolder(const char* runtimeFolder,
-                                                                     MissingFolder whenMissing);
+/// closed to everybody else: its rights are set to 0700 when they are wider. It has to belong to
+/// `user`.
+[[nodiscard]] Result<FileDescriptor, FolderFailure>
+openBridgeFolder(const char* runtimeFolder, MissingFolder whenMissing, uid_t user = ::geteuid());
 
 /// Whose windows a socket leads to; also its file's name.
 struct HostName {
@@ -42,11 +45,12 @@ struct HostName {
 /// The hosts that have a socket in the folder, dead ones among them, sorted by name.
 [[nodiscard]] std::vector<HostName> hostsIn(int folder);
 
-/// A non-blocking connection to a live host of this user; none when nobody listens.
-[[nodiscard]] FileDescriptor connectedTo(int folder, const HostName& host);
+/// A non-blocking connection to a live host of the user; none when nobody listens.
+[[nodiscard]] FileDescriptor connectedTo(int folder, const HostName& host,
+                                         uid_t user = ::geteuid());
 
-/// True when the process at the other end belongs to this user.
-[[nodiscard]] bool isOwnPeer(int connection);
+/// True when the process at the other end belongs to the user.
+[[nodiscard]] bool isPeerOf(uid_t user, int connection);
 
 /// A listening socket in the folder, removed at the end unless another host took its name over.
 class ListeningSocket {
@@ -61,8 +65,9 @@ public:
     [[nodiscard]] static std::optional<ListeningSocket> publish(int folder, const HostName& host);
 
     [[nodiscard]] int number() const noexcept { return listener_.number(); }
-    /// A new non-blocking connection of this user; none when there is none to take.
-    [[nodiscard]] FileDescriptor accepted() const;
+    /// A new non-blocking connection of the user; none when there is none to take. Those of others
+    /// are closed.
+    [[nodiscard]] FileDescriptor accepted(uid_t user = ::geteuid()) const;
 
 private:
     FileDescriptor folder_;

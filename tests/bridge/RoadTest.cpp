@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <cstdlib>
 
 namespace brinmoor::testing {
@@ -258,18 +259,22 @@ TEST(Road, isNotAuthorizedInABrowserThatKnowsNoHelper) {
 }
 
 TEST(Road, failsAtAPageThatAnswersNothingWithoutLosingTheOthers) {
+    std::atomic<bool> looping = false;
     auto stuck = options();
-    stuck.pages = [](const HttpRequest& request) {
-        return request.host == "stuck.test"
-                   ? HttpAnswer{200, "text/html",
-                                "<title>Stuck</title><script>setTimeout(() => { for (;;) {} }, "
-                                "300)</script>"}
-                   : page(request);
+    stuck.pages = [&](const HttpRequest& request) {
+        if (request.path == "/looping")
+            looping = true;
+        return request.path != "/stuck"
+                   ? page(request)
+                   : HttpAnswer{200, "text/html",
+                                "<title>Stuck</title><script>onload = () => setTimeout(() => { "
+                                "const told = new XMLHttpRequest(); told.open('GET', '/looping', "
+                                "false); told.send(); for (;;) {} })</script>"};
     };
     ChromiumSession browser(std::move(stuck));
     ASSERT_TRUE(browser.start({"http://first.test/one"}));
-    ASSERT_GE(browser.openTab("http://stuck.test/"), 0);
-    std::this_thread::sleep_for(std::chrono::milliseconds(600)); // until its loop has begun
+    ASSERT_GE(browser.openTab("http://stuck.test/stuck"), 0);
+    ASSERT_TRUE(eventually([&] { return looping.load(); }));
     const Entries entries(captured(true));
     ASSERT_EQ(entries.size(), 2U);
     EXPECT_EQ(entries.text(0, "/metadata/pageTitle"), "Page /one");

@@ -53,8 +53,7 @@ protected:
         return engine.evaluate(text(script));
     }
     void install() {
-        const QJSValue install =
-            stableSort(engine).property(QStringLiteral("installStableSort"));
+        const QJSValue install = stableSort(engine).property(QStringLiteral("installStableSort"));
         ASSERT_FALSE(install.call().isError());
     }
 
