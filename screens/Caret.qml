@@ -2,7 +2,7 @@ import QtQuick
 import Brinmoor
 
 // The text cursor. It stands still while its place changes, so that it is never lost in typing.
-Rectangle {
+Item {
     id: caret
 
     required property bool shown
@@ -10,9 +10,15 @@ Rectangle {
 
     property bool lit: true
 
-    width: 2
-    color: Theme.sage
-    visible: shown && lit
+    // A text gives its caret a width of its own.
+    Rectangle {
+        visible: caret.shown && caret.lit
+        // On whole pixels, wherever the letters end.
+        x: Math.round(caret.x) - caret.x
+        width: 2
+        height: parent.height
+        color: Theme.sage
+    }
 
     onPlaceChanged: {
         caret.lit = true;

@@ -63,12 +63,4 @@ void limitInput(const QWindow& window, const QRect& area) {
     xcb_flush(server);
 }
 
-void detachFromGroup(const QWindow& window) {
-    xcb_connection_t* server = connection();
-    if (!server)
-        return;
-    xcb_delete_property(server, xcb_window_t(window.winId()), XCB_ATOM_WM_TRANSIENT_FOR);
-    xcb_flush(server);
-}
-
 } // namespace brinmoor::Desktop

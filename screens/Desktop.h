@@ -13,8 +13,4 @@ namespace brinmoor::Desktop {
 /// behind. Does nothing where the window system decides by itself.
 void limitInput(const QWindow& window, const QRect& area);
 
-/// Removes the tie to the application's other windows, so that raising this one doesn't raise
-/// them. The window is created and not yet shown.
-void detachFromGroup(const QWindow& window);
-
 } // namespace brinmoor::Desktop

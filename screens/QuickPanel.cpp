@@ -1,7 +1,6 @@
 #include "screens/QuickPanel.h"
 
 #include "platform/linux/PanelHints.h"
-#include "screens/Desktop.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -73,7 +72,6 @@ void QuickPanel::prepare() {
     view_->create();
     if (kind_ != PanelKind::floating)
         return;
-    Desktop::detachFromGroup(*view_);
     applyPanelHints(number(*view_), PanelRole::utility, PanelFocus::takes);
 }
 

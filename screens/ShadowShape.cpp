@@ -26,14 +26,14 @@ std::vector<float> bell(int reach) {
 
 /// Softens along the rows and turns the picture, so that twice is both ways.
 QImage softenedAndTurned(const QImage& image, const std::vector<float>& weights) {
-    const int side = image.width();
     const int reach = int(weights.size()) / 2;
-    QImage result(side, side, QImage::Format_Alpha8);
-    for (int y = 0; y < side; ++y) {
+    QImage result(image.height(), image.width(), QImage::Format_Alpha8);
+    for (int y = 0; y < image.height(); ++y) {
         const uchar* row = image.constScanLine(y);
-        for (int x = 0; x < side; ++x) {
+        for (int x = 0; x < image.width(); ++x) {
             float sum = 0;
-            for (int at = std::max(0, x - reach); at <= std::min(side - 1, x + reach); ++at)
+            for (int at = std::max(0, x - reach); at <= std::min(image.width() - 1, x + reach);
+                 ++at)
                 sum += weights[std::size_t(at - x + reach)] * float(row[at]);
             result.scanLine(x)[y] = uchar(std::lround(sum));
         }
@@ -41,27 +41,32 @@ QImage softenedAndTurned(const QImage& image, const std::vector<float>& weights)
     return result;
 }
 
-/// The shadow of the smallest square that has both its corners and a bit of its edges; longer
-/// edges repeat the middle.
-QImage drawn(int radius, int blur) {
-    const int side = 2 * (2 * blur + radius) + 1;
-    QImage image(side, side, QImage::Format_Alpha8);
+/// From here on inwards, an edge's shadow doesn't depend on its corner.
+int cornerOf(int radius, int blur) {
+    return 2 * blur + radius;
+}
+
+QImage drawn(QSize size, int radius, int blur) {
+    QImage image(size, QImage::Format_Alpha8);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::black);
-    painter.drawRoundedRect(QRect(blur, blur, side - 2 * blur, side - 2 * blur), radius, radius);
+    painter.drawRoundedRect(image.rect().adjusted(blur, blur, -blur, -blur), radius, radius);
     painter.end();
     const std::vector<float> weights = bell(blur);
     return softenedAndTurned(softenedAndTurned(image, weights), weights);
 }
 
-const QImage& shadow(int radius, int blur) {
-    static QHash<std::pair<int, int>, QImage> shadows;
-    const std::pair key(radius, blur);
+/// The shadow's coverage with its long edges cut short: what is left out repeats.
+const QImage& shadow(QSize size, int radius, int blur) {
+    static QHash<std::pair<QSize, std::pair<int, int>>, QImage> shadows;
+    const int enough = 2 * cornerOf(radius, blur) + 1;
+    const QSize least = size.boundedTo({enough, enough});
+    const std::pair key(least, std::pair(radius, blur));
     const auto found = shadows.constFind(key);
-    return found != shadows.cend() ? *found : *shadows.insert(key, drawn(radius, blur));
+    return found != shadows.cend() ? *found : *shadows.insert(key, drawn(least, radius, blur));
 }
 
 QImage tinted(const QImage& coverage, const QColor& color) {
@@ -74,19 +79,27 @@ QImage tinted(const QImage& coverage, const QColor& color) {
     return image;
 }
 
-/// Draws `patch` so large that it covers `size`: corners as they are, the middle line stretched.
-void drawNinePatch(QPainter& painter, const QImage& patch, QSizeF size) {
-    const int corner = patch.width() / 2;
-    const double sourceAt[] = {0, double(corner), corner + 1.0, double(patch.width())};
-    const double acrossAt[] = {0, double(corner), size.width() - corner, size.width()};
-    const double downAt[] = {0, double(corner), size.height() - corner, size.height()};
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 3; ++column)
-            painter.drawImage(QRectF(QPointF(acrossAt[column], downAt[row]),
-                                     QPointF(acrossAt[column + 1], downAt[row + 1])),
-                              patch,
-                              QRectF(QPointF(sourceAt[column], sourceAt[row]),
-                                     QPointF(sourceAt[column + 1], sourceAt[row + 1])));
+struct Edge {
+    double from[4];
+    double to[4];
+};
+
+/// How one side of the cut picture becomes the whole: both ends as they are, the middle stretched.
+Edge stretched(int cut, double whole) {
+    const double end = cut / 2;
+    return {{0, end, cut - end, double(cut)}, {0, end, whole - end, whole}};
+}
+
+void drawStretched(QPainter& painter, const QImage& cut, QSizeF whole) {
+    const Edge across = stretched(cut.width(), whole.width());
+    const Edge down = stretched(cut.height(), whole.height());
+    for (std::size_t y = 0; y < 3; ++y)
+        for (std::size_t x = 0; x < 3; ++x)
+            painter.drawImage(QRectF(QPointF(across.to[x], down.to[y]),
+                                     QPointF(across.to[x + 1], down.to[y + 1])),
+                              cut,
+                              QRectF(QPointF(across.from[x], down.from[y]),
+                                     QPointF(across.from[x + 1], down.from[y + 1])));
 }
 
 } // namespace
@@ -106,7 +119,8 @@ void ShadowShape::setColor(const QColor& color) {
 void ShadowShape::paint(QPainter* painter) {
     if (blur_ <= 0 || width() <= 0 || height() <= 0)
         return;
-    drawNinePatch(*painter, tinted(shadow(radius_, blur_), color_), QSizeF(width(), height()));
+    const QSizeF whole(width(), height());
+    drawStretched(*painter, tinted(shadow(whole.toSize(), radius_, blur_), color_), whole);
 }
 
 } // namespace brinmoor

@@ -10,6 +10,7 @@
 #include "screens/QuickCaptureForm.h"
 #include "screens/QuickPanel.h"
 #include "screens/QuickPanels.h"
+#include "tests/screens/TestDesktop.h"
 #include "tests/screenshots/Sample.h"
 #include "tests/support/CannedScripts.h"
 #include "tests/support/TemporaryFolder.h"
@@ -228,6 +229,8 @@ int main(int count, char** arguments) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     brinmoor::installLinuxWording();
     brinmoor::text::setUserLocale("en_US");
+    const brinmoor::testing::TestDesktop desktop;
+    desktop.pretendCompositing();
     // Nothing in the pictures is under the pointer.
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
     const QString folder = QString::fromLocal8Bit(arguments[1]);
