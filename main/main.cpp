@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 #include "app/wording/LinuxWording.h"
 #include "core/text/Fold.h"
+#include "main/DesktopApplication.h"
 #include "main/Installation.h"
 #include "main/RealParts.h"
 #include "platform/linux/XdgOpener.h"
@@ -9,6 +10,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLocale>
+#include <QQmlEngine>
 #include <QTimer>
 #include <QUrl>
 
@@ -20,6 +22,10 @@ int main(int count, char** arguments) {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Brinmoor"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("brinmoor")));
 
+    DesktopApplication desktop;
+    if (desktop.start() == DesktopApplication::Start::second)
+        return 0;
+
     text::setUserLocale(QLocale::system().name().toStdString());
     installLinuxWording();
 
@@ -27,12 +33,15 @@ int main(int count, char** arguments) {
     RealParts real(installation);
     XdgOpener opener;
     QuickPanels panels;
+    QObject::connect(&panels.engine(), &QQmlEngine::quit, &application, &QGuiApplication::quit,
+                     Qt::QueuedConnection);
     AppDelegate shell(real.parts(), panels);
     shell.openAutomationSettings = [&] {
         const QUrl page = QUrl::fromLocalFile(installation.browserAccessPage);
         opener.openAddress(page.toString(QUrl::FullyEncoded).toStdString());
     };
     shell.launch();
+    desktop.activate = [&] { shell.openLibrary(); };
     // After the first frame: no window waits for it.
     QTimer::singleShot(0, &application, [&] { connectBrowsers(installation); });
     return QGuiApplication::exec();

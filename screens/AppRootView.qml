@@ -11,6 +11,15 @@ Rectangle {
 
     color: Theme.paper
 
+    Shortcut {
+        sequences: ["Ctrl+W"]
+        onActivated: root.Window.window.close()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Q"]
+        onActivated: Qt.quit()
+    }
+
     Rail {
         id: rail
         height: parent.height

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-/// The scripts that are run against a browser, as they stand in this folder. Each is UTF-8 text that
-/// ends with a new line. Any thread.
+/// The scripts that are run against a browser, as they stand in this folder. Each is UTF-8 text
+/// that ends with a new line. Any thread.
 namespace brinmoor::scripts {
 
 /// The functions `uniqueSafariTabIndex` and `closeCapturedTab`.

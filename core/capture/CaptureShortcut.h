@@ -38,7 +38,7 @@ using ShortcutMap = std::map<CaptureAction, CaptureShortcut>;
 /// One key press while a shortcut is recorded.
 struct KeyPress {
     std::uint32_t keyCode = 0;
-    std::uint32_t modifiers = 0;              ///< bits of ShortcutModifier
+    std::uint32_t modifiers = 0;               ///< bits of ShortcutModifier
     std::optional<std::string> plainCharacter; ///< the key's text with modifiers ignored
 };
 

@@ -13,8 +13,8 @@ namespace brinmoor {
 
 /// One tab as the capture script gives it.
 struct TabEntry {
-    std::string url;   ///< "" when the tab had none
-    std::string title; ///< the browser's own title, "" when it had none
+    std::string url;              ///< "" when the tab had none
+    std::string title;            ///< the browser's own title, "" when it had none
     LinkTitle::Metadata metadata; ///< what the page reader found; empty when it did not run
     std::optional<CapturedTabTarget> closeTarget;
 

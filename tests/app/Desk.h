@@ -13,7 +13,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -84,20 +83,9 @@ protected:
                R"(,"closeTarget":{"windowID":"1","index":-1,"tabID":"7","url":")" + url +
                R"(","safari":false,"browserID":"org.chromium.Chromium","processID":42}})";
     }
-    void tabsAre(const std::vector<std::string>& entries) {
-        std::string json = "[";
-        for (const std::string& each : entries)
-            json += (json.size() > 1 ? "," : "") + each;
-        json += "]";
-        scripts.answer = [this, json](const ScriptRun& run) {
-            if (run.kind == ScriptRun::Kind::operation)
-                return CannedScripts::Answer(QByteArray::fromStdString(closeAnswer));
-            const bool prepared = run.script.find("\"prepareClose\":true") != std::string::npos;
-            static const std::regex target(R"(,"closeTarget":\{[^}]*\})");
-            const std::string tabs = prepared ? json : std::regex_replace(json, target, "");
-            return CannedScripts::Answer(QByteArray::fromStdString(tabs));
-        };
-    }
+    /// What the browser's front window holds; the identity of a tab is told only when it is asked
+    /// for.
+    void tabsAre(const std::vector<std::string>& entries);
 
     void press(CaptureAction action) {
         model().capture(action);

@@ -42,8 +42,10 @@ HttpAnswer roadPage(const HttpRequest& request) {
                     "<link rel=\"icon\" href=\"/icon.png?a&amp;b\">")};
     if (request.path.starts_with("/moving"))
         return {.body = pageTitled(
-                    "Moving", "<script>let n = 0; setInterval(() => history.replaceState(null, '',"
-                              " '/moving?' + ++n), 1);</script>")};
+                    "Moving",
+                    // Browsers let a page do this some two hundred times before they slow it down.
+                    "<script>let n = 0; setInterval(() => history.replaceState(null, '',"
+                    " '/moving?' + ++n), 15);</script>")};
     if (request.path.starts_with("/throwing"))
         return {.body = pageTitled("Throwing", "<script>throw new Error('no');</script>")};
     if (request.path.starts_with("/huge"))
@@ -114,6 +116,8 @@ void Road::browse(const std::vector<std::string>& addresses) {
     (void)chromium().call("windows.create", "[{\"url\":[" + list + "],\"focused\":true}]");
     for (const std::string& address : addresses)
         ASSERT_GE(chromium().loadedTab(address), 0) << address;
+    const std::string last = std::to_string(chromium().loadedTab(addresses.back()));
+    (void)chromium().call("tabs.update", "[" + last + ",{\"active\":true}]");
     putBrowserInFront();
 }
 

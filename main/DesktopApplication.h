@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <functional>
+
+namespace brinmoor {
+
+/// This program as the desktop sees it on the session bus (org.freedesktop.Application, of the
+/// Desktop Entry Specification): a second start brings the first one's window forward. Main thread.
+class DesktopApplication final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    enum class Start {
+        first,  ///< this process holds the name, or there is no session bus to hold it on
+        second, ///< another one runs and has been asked to come forward
+    };
+
+    /// Takes the program's name on the session bus.
+    [[nodiscard]] Start start();
+
+    /// Brings the library window forward.
+    std::function<void()> activate;
+
+public Q_SLOTS:
+    Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
+    Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platformData);
+};
+
+} // namespace brinmoor
