@@ -4,7 +4,6 @@
 #include "core/text/Wording.h"
 #include "platform/Clock.h"
 
-#include <QCoreApplication>
 #include <QMetaObject>
 
 #include <algorithm>
@@ -17,17 +16,6 @@ using text::worded;
 
 constexpr int toastMarginRight = 24;
 constexpr int toastMarginTop = 20;
-
-/// Takes a panel from the screen now and lets it go once the present event is over: what closes a
-/// panel is often one of its own buttons.
-void retire(std::unique_ptr<Panel>& panel) {
-    if (!panel)
-        return;
-    panel->willClose = nullptr;
-    panel->orderOut();
-    QMetaObject::invokeMethod(
-        qApp, [gone = std::shared_ptr<Panel>(std::move(panel))] {}, Qt::QueuedConnection);
-}
 
 } // namespace
 
@@ -53,6 +41,16 @@ void AppDelegate::installCallbacks() {
     model_->showTabSelection = [this](const TabSelectionDraft& draft) { openTabSelection(draft); };
     model_->closeTabSelection = [this] { closeTabSelection(); };
     model_->showToast = [this](const CaptureNotice& notice) { presentToast(notice); };
+}
+
+void AppDelegate::retire(std::unique_ptr<Panel>& panel) {
+    if (!panel)
+        return;
+    panel->willClose = nullptr;
+    panel->orderOut();
+    retired_.push_back(std::move(panel));
+    QMetaObject::invokeMethod(
+        &nextTurn_, [this] { retired_.clear(); }, Qt::QueuedConnection);
 }
 
 void AppDelegate::openLibrary() {

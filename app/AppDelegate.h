@@ -5,9 +5,12 @@
 #include "platform/Subscription.h"
 #include "platform/Workspace.h"
 
+#include <QObject>
 #include <functional>
+
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace brinmoor {
 
@@ -49,6 +52,9 @@ private:
     [[nodiscard]] std::optional<PanelPoint> toastOrigin(PanelSize size) const;
     [[nodiscard]] NoticeActions noticeActions();
     void rememberFrontApplication();
+    /// Takes a panel from the screen now and lets it go once the present event is over: what
+    /// closes a panel is often one of its own buttons.
+    void retire(std::unique_ptr<Panel>& panel);
 
     AppParts parts_;
     Panels& panels_;
@@ -61,6 +67,8 @@ private:
     std::optional<RunningApplication> returnToApp_;
     std::unique_ptr<Panel> toastPanel_;
     Subscription toastDismiss_;
+    std::vector<std::unique_ptr<Panel>> retired_;
+    QObject nextTurn_;
 };
 
 } // namespace brinmoor

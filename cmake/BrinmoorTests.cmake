@@ -26,7 +26,7 @@ function(brinmoor_test name)
         target_link_libraries(${name} PRIVATE GTest::gtest)
         add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/in-desktop $<TARGET_FILE:${name}>)
         set_tests_properties(${name} PROPERTIES
-            TIMEOUT ${ARG_TIMEOUT} LABELS "desktop;${ARG_LABELS}" RESOURCE_LOCK display)
+            TIMEOUT ${ARG_TIMEOUT} LABELS "desktop;${ARG_LABELS}" RUN_SERIAL ON)
     else()
         target_link_libraries(${name} PRIVATE GTest::gtest_main)
         add_dependencies(logic-tests ${name})

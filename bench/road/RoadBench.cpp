@@ -133,7 +133,8 @@ private:
         (void)chromium.openTab(address);
         if (!waitUntil([&] { return inFront(chromium.process()); }))
             std::exit(1);
-        settle();
+        // A page that somebody saves has been looked at: the browser has drawn it long ago.
+        (void)waitUntil([] { return false; }, std::chrono::milliseconds(700));
     }
 
     bool inFront(std::int32_t process) {

@@ -106,6 +106,7 @@ protected:
         }
         return *shell_;
     }
+    void endShell() { shell_.reset(); }
     AppModel& shellModel() { return *shell().model(); }
     void pressIn(CaptureAction action) {
         shellModel().capture(action);
@@ -205,6 +206,15 @@ TEST_F(AppDelegateTest, aPanelMayBeClosedFromItsOwnButton) {
     EXPECT_FALSE(editor->visible);
     settle();
     EXPECT_EQ(panels.named("Save with a note"), nullptr);
+}
+
+TEST_F(AppDelegateTest, noPanelOutlivesTheShell) {
+    pageIs("https://a.example/", "A");
+    pressIn(CaptureAction::note);
+    shell().captureEditor()->willClose();
+    endShell();
+    EXPECT_THAT(panels.alive, IsEmpty());
+    settle();
 }
 
 // The tab selection.
