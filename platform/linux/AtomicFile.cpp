@@ -1,13 +1,13 @@
 #include "platform/linux/AtomicFile.h"
 
+#include "core/library/FileReplacement.h"
 #include "platform/linux/FileDescriptor.h"
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -33,64 +33,15 @@ Outcome makeFolder(const fs::path& folder) {
     return lastFailure();
 }
 
-Outcome writeAll(int file, std::string_view contents) {
-    while (!contents.empty()) {
-        const auto count = ::write(file, contents.data(), contents.size());
-        if (count < 0 && errno != EINTR)
-            return lastFailure();
-        if (count > 0)
-            contents.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return Done{};
-}
-
-Outcome flush(int file) {
-    if (::fsync(file) != 0)
-        return lastFailure();
-    return Done{};
-}
-
-Outcome flushFolder(const fs::path& folder) {
-    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!opened)
-        return lastFailure();
-    return flush(opened.get());
-}
-
-Outcome writeAndRename(int file, const std::string& temporary, const fs::path& target,
-                       std::string_view contents) {
-    if (auto written = writeAll(file, contents); !written)
-        return written;
-    if (auto flushed = flush(file); !flushed)
-        return flushed;
-    if (::rename(temporary.c_str(), target.c_str()) != 0)
-        return lastFailure();
-    return Done{};
-}
-
-/// The file behind symbolic links; the path itself when nothing stands there.
-fs::path behindLinks(const std::string& path) {
-    std::error_code ignored;
-    auto target = fs::canonical(path, ignored);
-    return target.empty() ? fs::path(path) : target;
-}
-
 } // namespace
 
 Outcome replaceFile(const std::string& path, std::string_view contents) {
-    const auto target = behindLinks(path);
-    const auto folder = target.parent_path();
-    if (auto made = makeFolder(folder); !made)
-        return made;
-    std::string temporary = target.string() + "." + std::string(6, 'X');
-    const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (!file)
-        return lastFailure();
-    if (auto written = writeAndRename(file.get(), temporary, target, contents); !written) {
-        ::unlink(temporary.c_str());
-        return written;
-    }
-    return flushFolder(folder);
+    static FileSystem system;
+    const FileContent content = [&](const ContentSink& sink) { return sink(contents); };
+    constexpr auto unlimited = std::numeric_limits<std::uint64_t>::max();
+    if (const int error = replaceFile(system, path, content, unlimited))
+        return failure(std::error_code(error, std::generic_category()));
+    return Done{};
 }
 
 Outcome makeFolders(const std::string& folder) {

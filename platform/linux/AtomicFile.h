@@ -8,11 +8,9 @@
 
 namespace brinmoor {
 
-/// Replaces a file's contents whole: a temporary file in the same folder is written, flushed and
-/// renamed, and the folder is flushed too. Missing folders are made for the user alone, and so is
-/// the file. A symbolic link survives: the file that it names is replaced. After a failure the old
-/// file is as it was and nothing else is left behind; only where the folder can't be flushed, the
-/// last step, the new contents stand and are reported as perhaps not lasting.
+/// Replaces a file's contents whole, as the library's own file is replaced: the old file or the new
+/// one stands there at any moment. Missing folders are made for the user alone; a symbolic link
+/// survives. After a failure the old file stands and nothing else is left behind.
 Result<Done, std::error_code> replaceFile(const std::string& path, std::string_view contents);
 
 /// Makes a folder and those above it, for the user alone; one that exists stays as it is.
