@@ -1,6 +1,6 @@
 // How long one save takes, from the key press to the renamed file and to the visible notice, and
 // what it is made of. Real keys, a real Chromium, libraries of 1,000 and 10,000 links:
-//     scripts/in-desktop build/release/bin/RoadBench
+//     scripts/in-desktop build/bench/bin/RoadBench
 
 #include "app/AppDelegate.h"
 #include "bench/SampleLinks.h"
