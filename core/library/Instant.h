@@ -14,4 +14,7 @@ struct Instant {
 /// Seconds from 1970-01-01T00:00:00 UTC to the zero of Instant.
 inline constexpr double unixSecondsAtInstantZero = 978307200.0;
 
+/// The first moment of the year 1, before anything that is kept.
+inline constexpr Instant distantPast{-63114076800.0};
+
 } // namespace brinmoor

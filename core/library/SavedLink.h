@@ -57,6 +57,9 @@ struct SavedLink {
     /// The host with every "www." removed; the whole `url` when it is no address with a host.
     [[nodiscard]] std::string domain() const;
 
+    /// Whether a search finds the link: see LinkSearch. The collection and the browser count too.
+    [[nodiscard]] bool matches(std::string_view query) const;
+
     friend bool operator==(const SavedLink&, const SavedLink&) = default;
 };
 
