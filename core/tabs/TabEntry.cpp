@@ -5,8 +5,6 @@
 namespace brinmoor {
 namespace {
 
-constexpr std::size_t longestResult = std::size_t{64} << 20;
-
 /// False when there is metadata that is no map of text to text.
 bool readMetadata(const text::JsonObject& entry, LinkTitle::Metadata& metadata) {
     const auto value = text::field(entry, "metadata");
@@ -53,20 +51,7 @@ std::optional<TabEntry> tabEntry(const text::JsonElement& element) {
 } // namespace
 
 Result<std::vector<TabEntry>, TabEntriesError> decodeTabEntries(std::string_view json) {
-    if (json.size() > longestResult)
-        return failure(TabEntriesError{});
-    const text::SmallJson document(json);
-    simdjson::dom::array list;
-    if (document.root().get(list) != simdjson::SUCCESS)
-        return failure(TabEntriesError{});
-    std::vector<TabEntry> entries;
-    for (const auto& element : list) {
-        auto entry = tabEntry(element);
-        if (!entry)
-            return failure(TabEntriesError{});
-        entries.push_back(std::move(*entry));
-    }
-    return entries;
+    return decodedList<TabEntry>(json, tabEntry);
 }
 
 } // namespace brinmoor

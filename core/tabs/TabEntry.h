@@ -3,6 +3,7 @@
 #include "core/Result.h"
 #include "core/links/LinkTitle.h"
 #include "core/tabs/CapturedTabTarget.h"
+#include "core/tabs/TabEntriesError.h"
 
 #include <optional>
 #include <string>
@@ -20,9 +21,6 @@ struct TabEntry {
 
     friend bool operator==(const TabEntry&, const TabEntry&) = default;
 };
-
-/// The bytes were not a JSON list of tab entries.
-struct TabEntriesError {};
 
 /// Reads the result of a capture script: all of its entries, or a failure. At most 64 MiB.
 [[nodiscard]] Result<std::vector<TabEntry>, TabEntriesError>

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace brinmoor {
+
+/// The bytes were not the JSON list that a script should have given.
+struct TabEntriesError {};
+
+} // namespace brinmoor
