@@ -18,8 +18,11 @@ namespace {
 
 int listenOnLoopback(std::uint16_t& port) {
     const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int yes = 1;
+    ::setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     sockaddr_in address{};
     address.sin_family = AF_INET;
+    address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     auto* generic = reinterpret_cast<sockaddr*>(&address);
@@ -81,14 +84,6 @@ bool receive(Stream& stream, std::string& bytes) {
     return size > 0;
 }
 
-std::string headerOf(const std::string& head, const std::string& name) {
-    const auto start = head.find("\r\n" + name + ": ");
-    if (start == std::string::npos)
-        return {};
-    const auto value = start + name.size() + 4;
-    return head.substr(value, head.find("\r\n", value) - value);
-}
-
 std::optional<HttpRequest> readRequest(Stream& stream) {
     std::string bytes;
     while (bytes.find("\r\n\r\n") == std::string::npos)
@@ -97,9 +92,10 @@ std::optional<HttpRequest> readRequest(Stream& stream) {
     const auto headEnd = bytes.find("\r\n\r\n") + 2;
     const std::string head = bytes.substr(0, headEnd);
     HttpRequest request;
+    request.head = head;
     std::istringstream(head) >> request.method >> request.path;
-    request.host = headerOf(head, "Host");
-    const std::string length = headerOf(head, "Content-Length");
+    request.host = request.header("Host");
+    const std::string length = request.header("Content-Length");
     std::size_t size = 0;
     std::from_chars(length.data(), length.data() + length.size(), size);
     while (bytes.size() < headEnd + 2 + size)
@@ -109,14 +105,14 @@ std::optional<HttpRequest> readRequest(Stream& stream) {
     return request;
 }
 
-void sendAll(Stream& stream, const std::string& bytes) {
-    std::size_t sent = 0;
-    while (sent < bytes.size()) {
-        const ssize_t size = stream.write(bytes.data() + sent, bytes.size() - sent);
+bool sendAll(Stream& stream, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t size = stream.write(bytes.data(), bytes.size());
         if (size <= 0)
-            return;
-        sent += static_cast<std::size_t>(size);
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(size));
     }
+    return true;
 }
 
 std::string bytesOf(const HttpAnswer& answer) {
@@ -128,12 +124,38 @@ std::string bytesOf(const HttpAnswer& answer) {
     return bytes + "Cache-Control: no-store\r\nConnection: close\r\n\r\n" + answer.body;
 }
 
+void send(Stream& stream, const HttpAnswer& answer) {
+    if (answer.raw)
+        answer.raw([&stream](std::string_view bytes) { return sendAll(stream, bytes); });
+    else
+        sendAll(stream, bytesOf(answer));
+}
+
 } // namespace
 
+std::string HttpRequest::header(const std::string& name) const {
+    const auto start = head.find("\r\n" + name + ": ");
+    if (start == std::string::npos)
+        return {};
+    const auto value = start + name.size() + 4;
+    return head.substr(value, head.find("\r\n", value) - value);
+}
+
 HttpServer::HttpServer(Handler handler, Transport transport)
-    : handler_(std::move(handler)),
-      identity_(transport == Transport::tls ? std::make_unique<TlsIdentity>() : nullptr),
+    : HttpServer(std::move(handler),
+                 transport == Transport::tls ? std::make_unique<TlsIdentity>() : nullptr, 0) {}
+
+HttpServer::HttpServer(Handler handler, std::unique_ptr<TlsIdentity> identity, std::uint16_t port)
+    : handler_(std::move(handler)), identity_(std::move(identity)), port_(port),
       listener_(listenOnLoopback(port_)), acceptor_([this] { accept(); }) {}
+
+std::string HttpServer::certificate() const {
+    return identity_ ? identity_->certificate() : std::string();
+}
+
+std::string HttpServer::address() const {
+    return (identity_ ? "https://127.0.0.1:" : "http://127.0.0.1:") + std::to_string(port_) + "/";
+}
 
 HttpServer::~HttpServer() {
     ending_ = true;
@@ -168,7 +190,7 @@ void HttpServer::serve(int connection) {
         stream = std::make_unique<PlainStream>(connection);
     if (const auto request = readRequest(*stream)) {
         ++requestCount_;
-        sendAll(*stream, bytesOf(handler_(*request)));
+        send(*stream, handler_(*request));
     }
     stream.reset();
     const std::scoped_lock lock(guard_);

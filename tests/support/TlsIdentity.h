@@ -7,10 +7,17 @@
 
 namespace brinmoor::testing {
 
-/// A server's side of TLS with a certificate of its own making, which nobody trusts.
+/// A server's side of TLS for 127.0.0.1 and localhost, with a certificate of its own making, which
+/// nobody trusts who was not given it.
 class TlsIdentity {
 public:
     TlsIdentity();
+    /// With the key and the certificate of that file (PEM), which is made when there is none: a
+    /// server that is started again keeps its identity.
+    explicit TlsIdentity(const std::string& file);
+
+    /// The certificate (PEM), with which a client can check the server.
+    [[nodiscard]] std::string certificate() const;
 
     /// Bytes over one connection. Blocking; false and 0 at its end or after any failure.
     class Stream {
