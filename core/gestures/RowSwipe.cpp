@@ -25,7 +25,8 @@ void RowSwipe::move(double deltaX, double deltaY) noexcept {
     y += deltaY;
     const double across = std::abs(x);
     const double along = std::abs(y);
-    if (axis != Axis::undecided || std::max(across, along) < decisionDistance)
+    // The way that the fingers have gone: of a diagonal one, neither part has to be so long.
+    if (axis != Axis::undecided || std::hypot(across, along) < decisionDistance)
         return;
     axis = horizontalPreference * along < across ? Axis::horizontal : Axis::vertical;
 }
