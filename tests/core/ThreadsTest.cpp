@@ -5,7 +5,9 @@
 #include "core/library/Library.h"
 #include "core/library/LibraryFile.h"
 #include "core/links/LinkTitle.h"
+#include "core/search/LibraryFilter.h"
 #include "core/tags/LinkAutoTagging.h"
+#include "core/tags/LinkLearning.h"
 #include "core/tags/TagCompletion.h"
 #include "core/text/Characters.h"
 #include "core/text/Fold.h"
@@ -41,6 +43,15 @@ std::string answers(const Library& library) {
     all += decodeLibrary(all).value() == library ? "equal" : "different";
     for (const std::string& tag : LinkAutoTagging::suggestions(link, library.links, 9))
         all += tag;
+    LibraryFilter filter;
+    for (const char* query : {"", "learning cafe", "#reading"}) {
+        filter.query = query;
+        for (const LinkDay& day : filter.days(library.links, {8e8}, "America/New_York"))
+            all += day.label + std::to_string(day.links.size());
+        for (const TagSummary& tag : filter.tagSummaries(library.links))
+            all += tag.name + std::to_string(tag.count);
+    }
+    all += LinkLearning::suggest(link, library.links).reason;
     for (const SavedLink& each : library.links)
         all += Library::identity(each.url) + each.domain() + text::folded(each.title) +
                LinkTitle::best(each.url, each.title, {});
