@@ -1,0 +1,75 @@
+#include "browser/TabScripts.h"
+
+#include "browser/scripts/Scripts.h"
+#include "core/tabs/TabTarget.h"
+
+#include <iterator>
+#include <ranges>
+
+namespace brinmoor {
+namespace {
+
+/// Linux takes an argument of 128 KiB at most, of which the script's fixed part needs a little.
+constexpr std::size_t mostTargetBytes = std::size_t{120} << 10;
+
+std::string application(const Browser& browser) {
+    return "Application('" + std::string(browser.id) + "')";
+}
+
+std::string described(const Browser& browser) {
+    return "{ id: '" + std::string(browser.id) + "', name: '" + std::string(browser.name) +
+           "', safari: " + (browser.isSafari() ? "true" : "false") + " }";
+}
+
+std::string readScript(std::string_view function, const Browser& browser) {
+    return std::string(scripts::browserTabs) + "\nfunction run() { return JSON.stringify(" +
+           std::string(function) + "(" + application(browser) + ", " + described(browser) +
+           ")); }\n";
+}
+
+template <class Tab>
+std::string targetOf(const Browser& browser, const Tab& tab) {
+    return encoded(TabTarget{tab.windowID, tab.tabID, tab.index, tab.url, browser.isSafari()});
+}
+
+std::string closeScript(const Browser& browser, const std::string& targets) {
+    return std::string(scripts::captureHelpers) + "\n" + std::string(scripts::closeBrowserTabs) +
+           "\nfunction run() { return String(closeBrowserTabs(" + application(browser) + ", [" +
+           targets + "])); }\n";
+}
+
+} // namespace
+
+std::string readTabsScript(const Browser& browser) {
+    return readScript("readBrowserTabs", browser);
+}
+
+std::string readTabsForCleanupScript(const Browser& browser) {
+    return readScript("readBrowserTabsForCleanup", browser);
+}
+
+std::string activateTabScript(const Browser& browser, const OpenBrowserTab& tab) {
+    return std::string(scripts::browserTabs) +
+           "\nfunction run() { return String(activateBrowserTab(" + application(browser) + ", " +
+           targetOf(browser, tab) + ")); }\n";
+}
+
+std::vector<std::string> closeTabsScripts(const Browser& browser,
+                                          const std::vector<BrowserTabSnapshot>& tabs) {
+    std::vector<std::string> scripts;
+    std::string targets;
+    const auto finish = [&] {
+        if (!targets.empty())
+            scripts.push_back(closeScript(browser, std::exchange(targets, {})));
+    };
+    for (const BrowserTabSnapshot& tab : tabs | std::views::reverse) {
+        const std::string target = targetOf(browser, tab);
+        if (targets.size() + target.size() > mostTargetBytes)
+            finish();
+        targets.insert(0, targets.empty() ? target : target + ",");
+    }
+    finish();
+    return scripts;
+}
+
+} // namespace brinmoor
