@@ -21,22 +21,20 @@ constexpr int inNote = 4;
 constexpr int inExtra = 1;
 
 constexpr char tagSign = '#';
-/// No term holds white space, so no term is found across it.
-constexpr char separator = '\n';
 
-std::vector<std::string> termsOf(std::string_view query) {
-    std::vector<std::string> terms;
-    bool inTerm = false;
+std::vector<std::string_view> termsOf(std::string_view query) {
+    std::vector<std::string_view> terms;
+    std::size_t begin = 0;
     for (std::size_t at = 0; at < query.size();) {
-        const std::size_t begin = at;
-        const bool isSpace = text::isWhiteSpace(text::nextCharacter(query, at));
-        if (!isSpace) {
-            if (!inTerm)
-                terms.emplace_back();
-            terms.back().append(query, begin, at - begin);
-        }
-        inTerm = !isSpace;
+        const std::size_t end = at;
+        if (!text::isWhiteSpace(text::nextCharacter(query, at)))
+            continue;
+        if (end > begin)
+            terms.push_back(query.substr(begin, end - begin));
+        begin = at;
     }
+    if (begin < query.size())
+        terms.push_back(query.substr(begin));
     return terms;
 }
 
@@ -74,6 +72,15 @@ bool isWordAt(std::string_view title, std::string_view word, std::size_t at) {
     return false;
 }
 
+int baseScore(std::string_view title, std::string_view query) {
+    const std::size_t at = title.find(query);
+    if (at == std::string_view::npos)
+        return 0;
+    if (at > 0)
+        return titleContains;
+    return title.size() == query.size() ? equalTitle : titleBegins;
+}
+
 SearchedTexts textsOf(const SavedLink& link) {
     return {link.title, link.url, link.note, link.tags, {}, {}};
 }
@@ -81,95 +88,94 @@ SearchedTexts textsOf(const SavedLink& link) {
 } // namespace
 
 LinkQuery::LinkQuery(std::string_view query)
-    : rule_(text::foldRule(text::userLocale())), query_(text::folded(text::trimmed(query), rule_)),
-      terms_(termsOf(query_)) {}
-
-LinkQuery::Span LinkQuery::append(std::string_view text) {
-    const std::size_t begin = folded_.size();
-    text::appendFolded(folded_, text, rule_);
-    const Span span{begin, folded_.size()};
-    folded_.push_back(separator);
-    return span;
+    : rule_(text::foldRule(text::userLocale())), query_(text::folded(text::trimmed(query), rule_)) {
+    for (const std::string_view term : termsOf(query_))
+        addTerm(term);
+    std::ranges::stable_sort(terms_, std::ranges::greater(),
+                             [](const Term& term) { return term.finder.term().size(); });
 }
 
-void LinkQuery::fold(const SearchedTexts& texts) {
+void LinkQuery::addTerm(std::string_view term) {
+    if (!term.starts_with(tagSign))
+        terms_.push_back({Kind::word, TermFinder(term, rule_)});
+    else if (term.size() > 1)
+        terms_.push_back({Kind::wholeTag, TermFinder(term.substr(1), rule_)});
+    else
+        isImpossible_ = true;
+}
+
+std::string_view LinkQuery::folded(std::string_view text) {
     folded_.clear();
-    spans_.title = append(texts.title);
-    spans_.url = append(texts.url);
-    spans_.note = append(texts.note);
-    spans_.extra = append(texts.extra);
-    spans_.extra.end = append(texts.moreExtra).end;
-    spans_.tags.clear();
-    for (const std::string& tag : texts.tags)
-        spans_.tags.push_back(append(tag));
+    text::appendFolded(folded_, text, rule_);
+    return folded_;
 }
 
-bool LinkQuery::hasEveryTerm() const {
-    return std::all_of(terms_.begin(), terms_.end(), [&](const std::string& term) {
-        const std::string_view sought(term);
-        return folded_.find(term.front() == tagSign ? sought.substr(1) : sought) !=
-               std::string::npos;
-    });
+bool LinkQuery::isIn(std::string_view text, const TermFinder& finder) {
+    if (text.empty())
+        return false;
+    const auto answer = finder.lookInto(text);
+    if (answer == TermFinder::Answer::needsFold)
+        return finder.isInFolded(folded(text));
+    return answer == TermFinder::Answer::found;
 }
 
-bool LinkQuery::isTag(std::string_view name) const {
-    // A tag of marks alone folds to nothing, and nothing is no name to ask for.
-    return !name.empty() && std::any_of(spans_.tags.begin(), spans_.tags.end(),
-                                        [&](Span tag) { return view(tag) == name; });
+bool LinkQuery::isInTag(const SearchedTexts& texts, const TermFinder& finder) {
+    return std::ranges::any_of(texts.tags,
+                               [&](const std::string& tag) { return isIn(tag, finder); });
 }
 
-bool LinkQuery::isInTag(std::string_view term) const {
-    return std::any_of(spans_.tags.begin(), spans_.tags.end(),
-                       [&](Span tag) { return view(tag).find(term) != std::string_view::npos; });
+bool LinkQuery::isTag(const SearchedTexts& texts, const TermFinder& finder) {
+    return std::ranges::any_of(
+        texts.tags, [&](const std::string& tag) { return folded(tag) == finder.term(); });
 }
 
-int LinkQuery::baseScore() const {
-    const std::string_view title = view(spans_.title);
-    const std::size_t at = title.find(query_);
-    if (at == std::string_view::npos)
-        return 0;
-    if (at > 0)
-        return titleContains;
-    return title.size() == query_.size() ? equalTitle : titleBegins;
+bool LinkQuery::isAnywhere(const SearchedTexts& texts, const Term& term) {
+    const TermFinder& finder = term.finder;
+    if (term.kind == Kind::wholeTag)
+        return isTag(texts, finder);
+    return isIn(texts.title, finder) || isIn(texts.url, finder) || isIn(texts.note, finder) ||
+           isIn(texts.extra, finder) || isIn(texts.moreExtra, finder) || isInTag(texts, finder);
 }
 
-int LinkQuery::termScore(std::string_view term) const {
-    if (term.front() == tagSign)
-        return isTag(term.substr(1)) ? wholeTag : 0;
-    const std::string_view title = view(spans_.title);
-    if (const std::size_t at = title.find(term); at != std::string_view::npos)
-        return isWordAt(title, term, at) ? titleWord : inTitle;
-    if (isInTag(term))
+bool LinkQuery::hasEveryTerm(const SearchedTexts& texts) {
+    return !isImpossible_ &&
+           std::ranges::all_of(terms_, [&](const Term& term) { return isAnywhere(texts, term); });
+}
+
+/// For a term that is somewhere.
+int LinkQuery::termScore(const SearchedTexts& texts, std::string_view foldedTitle,
+                         const Term& term) {
+    if (term.kind == Kind::wholeTag)
+        return wholeTag;
+    const std::string& word = term.finder.term();
+    if (const std::size_t at = foldedTitle.find(word); at != std::string_view::npos)
+        return isWordAt(foldedTitle, word, at) ? titleWord : inTitle;
+    if (isInTag(texts, term.finder))
         return inTag;
-    const auto isIn = [&](Span span) { return view(span).find(term) != std::string_view::npos; };
-    if (isIn(spans_.url))
+    if (isIn(texts.url, term.finder))
         return inUrl;
-    if (isIn(spans_.note))
-        return inNote;
-    return isIn(spans_.extra) ? inExtra : 0;
+    return isIn(texts.note, term.finder) ? inNote : inExtra;
 }
 
 std::optional<int> LinkQuery::score(const SearchedTexts& texts) {
     if (query_.empty())
         return 0;
-    fold(texts);
-    if (!hasEveryTerm())
+    if (!hasEveryTerm(texts))
         return std::nullopt;
-    int sum = baseScore();
-    for (const std::string& term : terms_) {
-        const int added = termScore(term);
-        if (added == 0)
-            return std::nullopt;
-        sum += added;
-    }
+    const std::string title(folded(texts.title));
+    int sum = baseScore(title, query_);
+    for (const Term& term : terms_)
+        sum += termScore(texts, title, term);
     return sum;
 }
 
 bool LinkQuery::matches(const SavedLink& link) {
+    if (query_.empty())
+        return true;
     SearchedTexts texts = textsOf(link);
     texts.extra = link.collection;
     texts.moreExtra = link.browser;
-    return score(texts).has_value();
+    return hasEveryTerm(texts);
 }
 
 std::optional<int> LinkQuery::rank(const SavedLink& link) {

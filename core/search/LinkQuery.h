@@ -1,8 +1,10 @@
 #pragma once
 
 #include "core/library/SavedLink.h"
+#include "core/search/TermFinder.h"
 #include "core/text/Fold.h"
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,33 +38,28 @@ public:
     [[nodiscard]] std::optional<int> rank(const SavedLink& link);
 
 private:
-    struct Span {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-    };
-    /// Where the texts of the present link lie in `folded_`.
-    struct FoldedSpans {
-        Span title, url, note, extra;
-        std::vector<Span> tags;
+    enum class Kind { word, wholeTag };
+    struct Term {
+        Kind kind;
+        TermFinder finder; ///< of a whole tag, what stands behind the "#"
     };
 
-    [[nodiscard]] std::string_view view(Span span) const {
-        return std::string_view(folded_).substr(span.begin, span.end - span.begin);
-    }
-    [[nodiscard]] Span append(std::string_view text);
-    void fold(const SearchedTexts& texts);
-    [[nodiscard]] bool hasEveryTerm() const;
-    [[nodiscard]] bool isTag(std::string_view name) const;
-    [[nodiscard]] bool isInTag(std::string_view term) const;
-    [[nodiscard]] int baseScore() const;
-    /// 0: the term is nowhere.
-    [[nodiscard]] int termScore(std::string_view term) const;
+    void addTerm(std::string_view term);
+    [[nodiscard]] std::string_view folded(std::string_view text);
+    [[nodiscard]] bool isIn(std::string_view text, const TermFinder& finder);
+    [[nodiscard]] bool isInTag(const SearchedTexts& texts, const TermFinder& finder);
+    [[nodiscard]] bool isTag(const SearchedTexts& texts, const TermFinder& finder);
+    [[nodiscard]] bool isAnywhere(const SearchedTexts& texts, const Term& term);
+    [[nodiscard]] bool hasEveryTerm(const SearchedTexts& texts);
+    [[nodiscard]] int termScore(const SearchedTexts& texts, std::string_view foldedTitle,
+                                const Term& term);
 
     text::FoldRule rule_;
     std::string query_; ///< folded
-    std::vector<std::string> terms_;
-    std::string folded_; ///< the texts of the present link, a line end behind each
-    FoldedSpans spans_;
+    /// The longest first: most links lack it, and are done with.
+    std::vector<Term> terms_;
+    bool isImpossible_ = false; ///< it asks for a tag without a name
+    std::string folded_;        ///< of one text at a time
 };
 
 } // namespace brinmoor
