@@ -21,7 +21,8 @@ constexpr char lowered(char byte) {
 
 } // namespace
 
-struct TermFinder::Loops {
+/// The loops over one text.
+struct TermFinder::Text {
     const TermFinder& finder;
     std::string_view text;
 
@@ -44,10 +45,6 @@ struct TermFinder::Loops {
         return _mm_load_si128(reinterpret_cast<const __m128i*>(repeated.bytes.data()));
     }
 
-    [[nodiscard]] unsigned special(__m128i bytes) const {
-        return text::maskOf(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, block(finder.special_))));
-    }
-
     /// The places of `bytes` where the term may begin; `next` has the bytes behind them.
     template <Form form>
     [[nodiscard]] unsigned places(__m128i bytes, __m128i next) const {
@@ -59,42 +56,55 @@ struct TermFinder::Loops {
                                           _mm_cmpeq_epi8(next, block(finder.second_))));
     }
 
+    /// The places of `bytes` whose characters fold into more than a small letter.
     template <Form form>
-    [[nodiscard]] bool isAtOneOf(unsigned marked, std::size_t begin) const {
+    [[nodiscard]] unsigned specials(__m128i bytes) const {
+        if constexpr (form == Form::folded)
+            return 0;
+        return text::maskOf(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, block(finder.special_))));
+    }
+
+    // Seldom called: it would take the registers of the loop.
+    template <Form form>
+    [[nodiscard, gnu::noinline]] bool isAtOneOf(unsigned marked, std::size_t begin) const {
         for (; marked != 0; marked &= marked - 1)
             if (isAt<form>(begin + static_cast<std::size_t>(std::countr_zero(marked))))
                 return true;
         return false;
     }
 
-    /// For a text of which a block and the byte behind it would pass the end.
     template <Form form>
-    [[nodiscard]] Answer lookShort(std::size_t step) const {
-        const __m128i bytes = text.size() == text::blockSize
-                                  ? text::loadBlock(text.data())
-                                  : text::loadPartialBlock(text.data(), text.size());
-        if (isAtOneOf<form>(places<form>(bytes, step == 0 ? bytes : _mm_srli_si128(bytes, 1)), 0))
+    [[nodiscard]] Answer lookAt(std::size_t begin, unsigned marked, unsigned special) const {
+        if (marked != 0 && isAtOneOf<form>(marked, begin))
             return Answer::found;
-        return form == Form::stored && special(bytes) != 0 ? Answer::needsFold : Answer::absent;
+        return special != 0 ? Answer::needsFold : Answer::absent;
+    }
+
+    /// The last sixteen bytes, or as many as there are.
+    template <Form form>
+    [[nodiscard]] Answer lookAtEnd() const {
+        const bool isShort = text.size() < text::blockSize;
+        const std::size_t begin = isShort ? 0 : text.size() - text::blockSize;
+        const __m128i bytes = isShort ? text::loadPartialBlock(text.data(), text.size())
+                                      : text::loadBlock(text.data() + begin);
+        const __m128i next = finder.step_ == 0 ? bytes : _mm_srli_si128(bytes, 1);
+        return lookAt<form>(begin, places<form>(bytes, next), specials<form>(bytes));
     }
 
     template <Form form>
     [[nodiscard]] Answer look() const {
-        const std::size_t step = finder.term_.size() > 1 ? 1 : 0;
-        if (text.size() < text::blockSize + step)
-            return lookShort<form>(step);
-        const std::size_t last = text.size() - text::blockSize - step;
-        for (std::size_t at = 0;; at = std::min(at + text::blockSize, last)) {
+        for (std::size_t at = 0; at + text::blockSize < text.size(); at += text::blockSize) {
             const __m128i bytes = text::loadBlock(text.data() + at);
-            const __m128i next = text::loadBlock(text.data() + at + step);
+            const __m128i next = text::loadBlock(text.data() + at + finder.step_);
             const unsigned marked = places<form>(bytes, next);
-            if (marked != 0 && isAtOneOf<form>(marked, at))
-                return Answer::found;
-            if (form == Form::stored && (special(bytes) != 0 || (at == last && special(next) != 0)))
-                return Answer::needsFold;
-            if (at == last)
-                return Answer::absent;
+            const unsigned special = specials<form>(bytes);
+            if ((marked | special) == 0)
+                continue;
+            const Answer answer = lookAt<form>(at, marked, special);
+            if (answer != Answer::absent)
+                return answer;
         }
+        return lookAtEnd<form>();
     }
 #else
     template <Form form>
@@ -112,16 +122,17 @@ struct TermFinder::Loops {
 };
 
 TermFinder::TermFinder(std::string_view foldedTerm, text::FoldRule rule)
-    : term_(foldedTerm), first_(term_.front()), firstCase_(caseBitOf(term_.front())),
-      second_(term_[term_.size() > 1 ? 1 : 0]), secondCase_(caseBitOf(second_.bytes[0])),
+    : term_(foldedTerm), step_(term_.size() > 1 ? 1 : 0), first_(term_.front()),
+      firstCase_(caseBitOf(term_.front())), second_(term_[step_]),
+      secondCase_(caseBitOf(term_[step_])),
       special_(rule == text::FoldRule::turkic ? 'I' : '\x80') {}
 
 TermFinder::Answer TermFinder::lookInto(std::string_view text) const noexcept {
-    return Loops{*this, text}.look<Form::stored>();
+    return Text{*this, text}.look<Form::stored>();
 }
 
 bool TermFinder::isInFolded(std::string_view folded) const noexcept {
-    return Loops{*this, folded}.look<Form::folded>() == Answer::found;
+    return Text{*this, folded}.look<Form::folded>() == Answer::found;
 }
 
 } // namespace brinmoor

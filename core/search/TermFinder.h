@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool isInFolded(std::string_view folded) const noexcept;
 
 private:
-    struct Loops;
+    struct Text;
 
     /// One byte sixteen times, as it is compared with a block.
     struct alignas(16) Repeated {
@@ -38,9 +38,10 @@ private:
     };
 
     std::string term_;
+    std::size_t step_;   ///< from the first byte of the term to the second, if there is one
     Repeated first_;     ///< the first byte of the term
     Repeated firstCase_; ///< the bit that its capital lacks
-    Repeated second_;    ///< the byte behind it, or the only one again
+    Repeated second_;    ///< the second byte, or the only one again
     Repeated secondCase_;
     /// An ASCII character that folds into another than its small letter; none: it isn't ASCII.
     Repeated special_;
