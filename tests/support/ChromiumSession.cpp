@@ -122,7 +122,7 @@ void ChromiumSession::writeManifest() const {
 std::vector<std::string>
 ChromiumSession::commandLine(const std::vector<std::string>& arguments) const {
     std::vector<std::string> line{
-        "/usr/bin/chromium",
+        options_.program,
         "--no-sandbox",
         "--no-first-run",
         "--no-default-browser-check",

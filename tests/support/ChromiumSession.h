@@ -23,6 +23,7 @@ struct ChromiumOptions {
     Pages pages;
     /// Whether the browser is told of the native host: without it, nobody has let the product in.
     bool connected = true;
+    std::string program = "/usr/bin/chromium";
 };
 
 /// A real Chromium with the product's extension, its own empty profile folder and a pretended web.
