@@ -40,6 +40,7 @@ void AppDelegate::installCallbacks() {
     model_->closeCaptureEditor = [this] { closeCaptureEditor(); };
     model_->showTabSelection = [this](const TabSelectionDraft& draft) { openTabSelection(draft); };
     model_->closeTabSelection = [this] { closeTabSelection(); };
+    model_->dismissClipboardNotice = [this] { dismissClipboardNotice(); };
     model_->showToast = [this](const CaptureNotice& notice) { presentToast(notice); };
 }
 
@@ -128,6 +129,13 @@ void AppDelegate::presentToast(const CaptureNotice& notice) {
     panels_.announce(*toastPanel_, notice.title + ". " + notice.message);
 }
 
+void AppDelegate::dismissClipboardNotice() {
+    if (!model_->toast() || !model_->toast()->clipboardURL)
+        return;
+    toastPanel_->orderOut();
+    model_->dismissToast();
+}
+
 NoticeActions AppDelegate::noticeActions() {
     // A notice's buttons are gone with it, so the panel they mean is always the present one.
     NoticeActions actions;
@@ -136,6 +144,17 @@ NoticeActions AppDelegate::noticeActions() {
         toastPanel_->orderOut();
         if (openAutomationSettings)
             openAutomationSettings();
+    };
+    actions.saveClipboard = [this](const std::string& url, bool withNote) {
+        toastPanel_->orderOut();
+        // What opens next must not happen within this panel's own event.
+        QMetaObject::invokeMethod(
+            &nextTurn_,
+            [this, url, withNote] {
+                model_->saveClipboard(url,
+                                      withNote ? ClipboardSave::withNote : ClipboardSave::atOnce);
+            },
+            Qt::QueuedConnection);
     };
     return actions;
 }

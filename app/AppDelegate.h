@@ -48,6 +48,7 @@ private:
     void closeCaptureEditor();
     void openTabSelection(const TabSelectionDraft& draft);
     void closeTabSelection();
+    void dismissClipboardNotice();
     void presentToast(const CaptureNotice& notice);
     [[nodiscard]] std::optional<PanelPoint> toastOrigin(PanelSize size) const;
     [[nodiscard]] NoticeActions noticeActions();

@@ -1,5 +1,6 @@
 #include "app/AppModel.h"
 
+#include "app/ClipboardMonitor.h"
 #include "app/GlobalShortcut.h"
 #include "app/SavedSettings.h"
 #include "core/text/Wording.h"
@@ -13,8 +14,12 @@ namespace brinmoor {
 using text::worded;
 
 AppModel::AppModel(const AppParts& parts)
-    : clock_(parts.clock), preferences_(parts.preferences), file_(parts.libraryPath) {
+    : clock_(parts.clock), files_(parts.files), opener_(parts.opener),
+      pasteboard_(parts.pasteboard), preferences_(parts.preferences), file_(parts.libraryPath) {
+    clipboard_ = std::make_unique<ClipboardMonitor>(pasteboard_, clock_);
     const SavedSettings saved = SavedSettings::read(preferences_);
+    clipboardEnabled_ = saved.clipboardEnabled;
+    analyticsEnabled_ = saved.analyticsEnabled;
     closeAfterQuickSave_ = saved.closeAfterQuickSave;
     autoTaggingEnabled_ = saved.autoTaggingEnabled;
     captureService_ =
@@ -23,6 +28,14 @@ AppModel::AppModel(const AppParts& parts)
     const auto stored = preferences_.data("captureShortcuts");
     shortcuts_ = decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);
     loadLibrary();
+    if (!loadFailed_) {
+        onboardingCompleted_ = preferences_.boolean("hasCompletedOnboarding");
+        showingOnboarding_ = !onboardingCompleted_;
+    }
+    count(UsageEvent::appOpened);
+    clipboard_->onLink = [this](const WebAddress& address) { offerClipboard(address); };
+    if (clipboardEnabled_)
+        clipboard_->start();
     hotkey_->action = [this](CaptureAction action) { capture(action); };
     hotkey_->lost = [this](CaptureAction action) {
         setShortcutError(action, worded("Unavailable. Choose another shortcut."));
@@ -45,11 +58,14 @@ void AppModel::loadLibrary() {
              loaded.error().description();
 }
 
-bool AppModel::commit(Library next, Feedback feedback, std::optional<std::string> undoTitle) {
+std::string AppModel::lockedWords() const {
+    return worded("Your library couldn’t be opened. Restore a valid backup and restart "
+                  "Brinmoor. Your original file is unchanged.");
+}
+
+bool AppModel::commit(Library next, Feedback feedback, std::optional<UndoTitle> undo) {
     if (loadFailed_) {
-        report(worded("Your library couldn’t be opened. Restore a valid backup and restart "
-                      "Brinmoor. Your original file is unchanged."),
-               feedback);
+        report(lockedWords(), feedback);
         return false;
     }
     if (const auto saved = file_.save(next); !saved) {
@@ -58,10 +74,9 @@ bool AppModel::commit(Library next, Feedback feedback, std::optional<std::string
     }
     if (next == library_)
         return true;
-    if (undoTitle)
-        lastLibraryUndo_ = LibraryUndo{std::move(library_), std::move(*undoTitle)};
-    else
-        lastLibraryUndo_.reset();
+    setLibraryUndo(undo ? std::optional(LibraryUndo{std::move(library_), worded(undo->words),
+                                                    undo->clearsArchiveUndo})
+                        : std::nullopt);
     library_ = std::move(next);
     Q_EMIT libraryChanged();
     return true;
@@ -105,30 +120,14 @@ void AppModel::notify(CaptureNotice notice) {
     if (showToast)
         showToast(notice);
     toastEnd_ = clock_.after(notice.duration(), [this, id = notice.id] {
-        if (!toast_ || toast_->id != id)
-            return;
-        toast_.reset();
-        Q_EMIT toastChanged();
+        if (toast_ && toast_->id == id)
+            dismissToast();
     });
 }
 
-void AppModel::setSection(AppSection section) {
-    if (section_ == section)
-        return;
-    section_ = section;
-    Q_EMIT sectionChanged();
-}
-
-void AppModel::setCloseAfterQuickSave(bool on) {
-    closeAfterQuickSave_ = on;
-    preferences_.set("closeAfterQuickSave", on);
-    Q_EMIT preferencesChanged();
-}
-
-void AppModel::setAutoTaggingEnabled(bool on) {
-    autoTaggingEnabled_ = on;
-    preferences_.set("autoTaggingEnabled", on);
-    Q_EMIT preferencesChanged();
+void AppModel::dismissToast() {
+    toast_.reset();
+    Q_EMIT toastChanged();
 }
 
 } // namespace brinmoor

@@ -6,6 +6,8 @@
 #include "core/capture/CaptureShortcut.h"
 #include "core/library/Library.h"
 #include "core/library/LibraryFile.h"
+#include "core/search/LibraryFilter.h"
+#include "core/usage/UsageEvent.h"
 #include "platform/Subscription.h"
 
 #include <QCoroTask>
@@ -21,23 +23,40 @@
 
 namespace brinmoor {
 
+class ClipboardMonitor;
 class Clock;
+class FileDialogs;
 class GlobalShortcut;
 class HotKeys;
+class Pasteboard;
 class Preferences;
 class ScriptRunner;
+class SystemOpener;
 class Workspace;
 
 enum class AppSection { library, tags, account, settings };
 
+/// Whether a copied link is saved at once or annotated first.
+enum class ClipboardSave { atOnce, withNote };
+
 /// What the model needs from outside. All of it outlives the model.
 struct AppParts {
     Clock& clock;
+    FileDialogs& files;
     HotKeys& hotKeys;
+    SystemOpener& opener;
+    Pasteboard& pasteboard;
     Preferences& preferences;
     ScriptRunner& scripts;
     Workspace& workspace;
     std::string libraryPath;
+};
+
+/// The last archiving or restoring, which the library screen offers to take back.
+struct ArchiveUndo {
+    UuidSet ids;
+    bool archived = false; ///< the state that was set
+    friend bool operator==(const ArchiveUndo&, const ArchiveUndo&) = default;
 };
 
 /// The one observable object of the application: the document, the screens' state and the flows
@@ -62,6 +81,8 @@ public:
     std::function<void()> closeCaptureEditor;
     std::function<void(const TabSelectionDraft&)> showTabSelection;
     std::function<void()> closeTabSelection;
+    /// Takes an open offer of a copied link from the screen.
+    std::function<void()> dismissClipboardNotice;
 
     // The document.
     [[nodiscard]] const Library& library() const noexcept { return library_; }
@@ -77,6 +98,8 @@ public:
     [[nodiscard]] const std::optional<CaptureNotice>& toast() const noexcept { return toast_; }
     /// Shows a passing notice; a newer one replaces an older one at once.
     void notify(CaptureNotice notice);
+    /// Forgets the notice that is showing.
+    void dismissToast();
 
     // Capture.
     /// Starts the command and returns at once.
@@ -102,15 +125,79 @@ public:
     QCoro::Task<bool> add(std::string url, std::string title, std::string collection,
                           std::string note, std::vector<std::string> tags);
 
+    // Commands of the library screens. Each is written before it is adopted; a failure is told in
+    // `error` and changes nothing.
+    /// False when no link of `ids` changed, or the change could not be written.
+    bool setArchived(bool archived, const UuidSet& ids);
+    /// Takes the last archiving or restoring back.
+    void undoArchive();
+    /// Removes archived links for good; there is no undo.
+    void emptyArchive(const UuidSet& ids);
+    void deleteLink(const SavedLink& link);
+    /// Takes the last undoable change of the library back, one level deep.
+    void undoLastAction();
+    bool renameTag(const std::string& old, const std::string& to);
+    bool deleteTag(const std::string& tag);
+    /// Adopts title, note, tags and favourite of the link with this id.
+    QCoro::Task<bool> update(SavedLink link);
+    QCoro::Task<bool> toggleFavorite(Uuid id);
+    QCoro::Task<bool> labelImportance(Uuid id, std::optional<LinkImportance> importance);
+    void open(const SavedLink& link);
+    void copy(const SavedLink& link);
+    void share(const SavedLink& link);
+    void revealLibrary();
+    [[nodiscard]] const std::optional<ArchiveUndo>& archiveUndo() const noexcept {
+        return archiveUndo_;
+    }
+    void dismissArchiveUndo();
+
+    // Backups. A dialog asks for the file.
+    void exportLibrary();
+    void importLibrary();
+
+    // Copied links.
+    [[nodiscard]] ClipboardMonitor& clipboard() const noexcept { return *clipboard_; }
+    void saveClipboard(const std::string& url, ClipboardSave how);
+    void saveCurrentClipboard();
+
     // Screens.
     [[nodiscard]] AppSection section() const noexcept { return section_; }
     void setSection(AppSection section);
+    /// What the library screen is set to show.
+    [[nodiscard]] const LibraryFilter& view() const noexcept { return view_; }
+    void setView(LibraryFilter view);
+    void clearFilters();
+    void selectTag(const std::string& tag);
+    [[nodiscard]] bool hasRefinements() const noexcept { return view_.hasRefinements(); }
+    /// The link open in the detail pane; nullptr when there is none.
+    [[nodiscard]] const SavedLink* selected() const;
+    [[nodiscard]] std::optional<Uuid> selectedID() const noexcept { return selectedID_; }
+    void setSelectedID(std::optional<Uuid> id);
+    /// The row whose swipe actions stand open.
+    [[nodiscard]] std::optional<Uuid> swipedLinkID() const noexcept { return swipedLinkID_; }
+    void setSwipedLinkID(std::optional<Uuid> id);
+    /// The link in the e-mail share sheet.
+    [[nodiscard]] const std::optional<SavedLink>& sharingLink() const noexcept {
+        return sharingLink_;
+    }
+    void endSharing();
+    [[nodiscard]] bool isShowingAdd() const noexcept { return showingAdd_; }
+    void setShowingAdd(bool showing);
+    [[nodiscard]] bool isShowingOnboarding() const noexcept { return showingOnboarding_; }
+    [[nodiscard]] bool onboardingCompleted() const noexcept { return onboardingCompleted_; }
+    void completeOnboarding();
+    /// Shows the tour to a user who hasn't finished it. Never closes it.
+    void showOnboardingIfNeededForActiveAccount();
 
     // Preferences; each setter writes its key.
     [[nodiscard]] bool closeAfterQuickSave() const noexcept { return closeAfterQuickSave_; }
     void setCloseAfterQuickSave(bool on);
     [[nodiscard]] bool autoTaggingEnabled() const noexcept { return autoTaggingEnabled_; }
     void setAutoTaggingEnabled(bool on);
+    [[nodiscard]] bool clipboardEnabled() const noexcept { return clipboardEnabled_; }
+    void setClipboardEnabled(bool on);
+    [[nodiscard]] bool analyticsEnabled() const noexcept { return analyticsEnabled_; }
+    void setAnalyticsEnabled(bool on);
 
     // Shortcuts.
     [[nodiscard]] const ShortcutMap& shortcuts() const noexcept { return shortcuts_; }
@@ -135,13 +222,26 @@ Q_SIGNALS:
     void tabSelectionChanged();
     void toastChanged();
     void sectionChanged();
+    void viewChanged();
+    void selectionChanged();
+    void sheetsChanged();
+    void archiveUndoChanged();
+    void libraryUndoChanged();
     void preferencesChanged();
     void shortcutsChanged();
+    /// Something was done that may be counted.
+    void counted(brinmoor::UsageEvent event, std::size_t number);
 
 private:
     struct LibraryUndo {
         Library library;
         std::string title;
+        bool clearsArchiveUndo = false;
+    };
+    /// What a change is called in the undo, and whether its undoing ends the archive notice too.
+    struct UndoTitle {
+        std::string_view words;
+        bool clearsArchiveUndo = false;
     };
     enum class Feedback { error, capture };
     enum class Tone { plain, failure };
@@ -151,8 +251,9 @@ private:
     void loadLibrary();
     /// The single door for a change of the library: written first, then adopted, then the undo
     /// record. False, with nothing changed and the failure reported, when it can't be written.
-    [[nodiscard]] bool commit(Library next, Feedback feedback,
-                              std::optional<std::string> undoTitle);
+    [[nodiscard]] bool commit(Library next, Feedback feedback, std::optional<UndoTitle> undo);
+    [[nodiscard]] std::string lockedWords() const;
+    void count(UsageEvent event, std::size_t number = 1) { Q_EMIT counted(event, number); }
     void report(std::string text, Feedback feedback);
     void setError(std::optional<std::string> text);
     void say(std::string_view title, std::string_view message, Tone tone = Tone::plain);
@@ -169,12 +270,29 @@ private:
     void endDraft();
     [[nodiscard]] const SavedLink* storedLink(std::string_view url) const;
     [[nodiscard]] SavedLink withSuggestedTags(const SavedLink& link) const;
+    /// Counts a link that was saved with what the user wrote.
+    void countSaved(const SavedLink& link, bool isNew);
+
+    // Commands.
+    /// Applies `change` to the stored link with this id and commits; false when it is not there.
+    template <class Change>
+    bool changeLink(Uuid id, std::string_view undoTitle, Change change);
+    void setArchiveUndo(std::optional<ArchiveUndo> undo);
+    void setLibraryUndo(std::optional<LibraryUndo> undo);
+    void tagChanged(std::size_t links, std::string_view oneLink, std::string_view moreLinks);
+    void exportTo(const std::string& path);
+    void importFrom(const std::string& path);
+    void offerClipboard(const WebAddress& address);
+    [[nodiscard]] std::string onboardingKey() const;
 
     // Shortcuts.
     void adoptShortcuts(ShortcutMap shortcuts, const std::vector<CaptureAction>& failed);
     void setShortcutError(CaptureAction action, std::string text);
 
     Clock& clock_;
+    FileDialogs& files_;
+    SystemOpener& opener_;
+    Pasteboard& pasteboard_;
     Preferences& preferences_;
     Library library_;
     LibraryFile file_;
@@ -187,10 +305,21 @@ private:
     std::optional<CaptureDraft> draft_;
     std::optional<TabSelectionDraft> tabSelection_;
     AppSection section_ = AppSection::library;
+    LibraryFilter view_;
+    std::optional<Uuid> selectedID_;
+    std::optional<Uuid> swipedLinkID_;
+    std::optional<SavedLink> sharingLink_;
+    std::optional<ArchiveUndo> archiveUndo_;
+    bool showingAdd_ = false;
+    bool showingOnboarding_ = false;
+    bool onboardingCompleted_ = true;
+    bool clipboardEnabled_ = false;
+    bool analyticsEnabled_ = true;
     bool closeAfterQuickSave_ = false;
     bool autoTaggingEnabled_ = true;
     ShortcutMap shortcuts_;
     std::map<CaptureAction, std::string> shortcutErrors_;
+    std::unique_ptr<ClipboardMonitor> clipboard_;
     std::unique_ptr<BrowserCapture> captureService_;
     std::unique_ptr<GlobalShortcut> hotkey_;
 };

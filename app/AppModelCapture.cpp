@@ -135,8 +135,9 @@ bool AppModel::saveCaptured(std::vector<SavedLink> links, Tagging tagging) {
     refreshStored(next, links);
     const std::size_t added = next.insert(std::move(links));
     if (!commit(std::move(next), Feedback::capture,
-                worded(added == 1 ? "Save Link" : "Save Links")))
+                UndoTitle{added == 1 ? "Save Link" : "Save Links"}))
         return false;
+    count(UsageEvent::linksSaved, added);
     if (added == 0)
         say("Already saved", "Already in your library. No duplicate added.");
     else if (added == 1)

@@ -61,8 +61,10 @@ QCoro::Task<bool> AppModel::saveDraft(SavedLink link) {
         say("Couldn’t save this link", "The web address is invalid.", Tone::failure);
         co_return false;
     }
-    if (!commit(std::move(next), Feedback::capture, worded(isNew ? "Save Link" : "Edit Link")))
+    const UndoTitle undo{isNew ? "Save Link" : "Edit Link"};
+    if (!commit(std::move(next), Feedback::capture, undo))
         co_return false;
+    countSaved(link, isNew);
     endDraft();
     if (!closeTarget) {
         say("Link saved", "Your note and tags are safely in your library.");
@@ -135,9 +137,11 @@ QCoro::Task<bool> AppModel::add(std::string url, std::string title, std::string 
     }
     Library next = library_;
     std::vector<SavedLink> batch{std::move(link)};
-    const std::size_t added = next.insert(std::move(batch));
-    if (!commit(std::move(next), Feedback::error, worded("Save Link")))
+    const std::size_t added = next.insert(batch);
+    const UndoTitle undo{"Save Link"};
+    if (!commit(std::move(next), Feedback::error, undo))
         co_return false;
+    countSaved(batch.front(), added > 0);
     say("Brinmoor", added > 0 ? "Link saved" : "Already tucked away in your hollow");
     co_return true;
 }

@@ -24,15 +24,23 @@ std::map<std::uint32_t, std::string> hotKeyDescriptions() {
 
 } // namespace
 
-RealParts::RealParts(const Installation& installation)
+RealParts::RealParts(const Installation& installation, QQmlEngine& engine)
     : places_(systemPlaces()), preferences_(places_.preferencesFile),
-      hotKeys_(makeHotKeys(hotKeyDescriptions())), workspace_(makeWorkspace()),
+      hotKeys_(makeHotKeys(hotKeyDescriptions())), workspace_(makeWorkspace()), files_(engine),
       scripts_(installation.automationTool) {}
 
 RealParts::~RealParts() = default;
 
 AppParts RealParts::parts() {
-    return {clock_, *hotKeys_, preferences_, scripts_, *workspace_, places_.libraryFile};
+    return {.clock = clock_,
+            .files = files_,
+            .hotKeys = *hotKeys_,
+            .opener = opener_,
+            .pasteboard = pasteboard_,
+            .preferences = preferences_,
+            .scripts = scripts_,
+            .workspace = *workspace_,
+            .libraryPath = places_.libraryFile};
 }
 
 std::vector<ManifestOutcome> connectBrowsers(const Installation& installation) {

@@ -3,10 +3,13 @@
 #include "app/AppModel.h"
 #include "browser/ScriptTool.h"
 #include "main/Installation.h"
+#include "platform/linux/DesktopPasteboard.h"
 #include "platform/linux/JsonPreferences.h"
 #include "platform/linux/NativeMessagingManifests.h"
 #include "platform/linux/Places.h"
 #include "platform/linux/SystemClock.h"
+#include "platform/linux/XdgOpener.h"
+#include "screens/QuickFileDialogs.h"
 
 #include <memory>
 #include <vector>
@@ -16,12 +19,14 @@ namespace brinmoor {
 /// The real answers to everything that the application asks of the desktop. Outlives the shell.
 class RealParts {
 public:
-    explicit RealParts(const Installation& installation);
+    /// The engine, which draws the file dialogs, outlives the parts.
+    RealParts(const Installation& installation, QQmlEngine& engine);
     ~RealParts();
     RealParts(const RealParts&) = delete;
     RealParts& operator=(const RealParts&) = delete;
 
     [[nodiscard]] AppParts parts();
+    [[nodiscard]] SystemOpener& opener() noexcept { return opener_; }
 
 private:
     Places places_;
@@ -29,6 +34,9 @@ private:
     JsonPreferences preferences_;
     std::unique_ptr<HotKeys> hotKeys_;
     std::unique_ptr<Workspace> workspace_;
+    QuickFileDialogs files_;
+    XdgOpener opener_;
+    DesktopPasteboard pasteboard_;
     ScriptTool scripts_;
 };
 

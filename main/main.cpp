@@ -4,7 +4,7 @@
 #include "main/DesktopApplication.h"
 #include "main/Installation.h"
 #include "main/RealParts.h"
-#include "platform/linux/XdgOpener.h"
+#include "platform/SystemOpener.h"
 #include "screens/QuickPanels.h"
 
 #include <QGuiApplication>
@@ -30,15 +30,14 @@ int main(int count, char** arguments) {
     installLinuxWording();
 
     const Installation installation = Installation::ofThisProgram();
-    RealParts real(installation);
-    XdgOpener opener;
     QuickPanels panels;
+    RealParts real(installation, panels.engine());
     QObject::connect(&panels.engine(), &QQmlEngine::quit, &application, &QGuiApplication::quit,
                      Qt::QueuedConnection);
     AppDelegate shell(real.parts(), panels);
     shell.openAutomationSettings = [&] {
         const QUrl page = QUrl::fromLocalFile(installation.browserAccessPage);
-        opener.openAddress(page.toString(QUrl::FullyEncoded).toStdString());
+        real.opener().openAddress(page.toString(QUrl::FullyEncoded).toStdString());
     };
     shell.launch();
     desktop.activate = [&] { shell.openLibrary(); };

@@ -74,16 +74,24 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
+/// The same parts with the scripts timed.
+AppParts measured(const AppParts& real, ScriptRunner& timed) {
+    return {.clock = real.clock,
+            .files = real.files,
+            .hotKeys = real.hotKeys,
+            .opener = real.opener,
+            .pasteboard = real.pasteboard,
+            .preferences = real.preferences,
+            .scripts = timed,
+            .workspace = real.workspace,
+            .libraryPath = real.libraryPath};
+}
+
 class Road {
 public:
     explicit Road(std::size_t links)
-        : real_(Installation::ofThisProgram()),
-          timed_(real_.parts().scripts, steps_), parts_{real_.parts().clock,
-                                                        real_.parts().hotKeys,
-                                                        real_.parts().preferences,
-                                                        timed_,
-                                                        real_.parts().workspace,
-                                                        real_.parts().libraryPath},
+        : real_(Installation::ofThisProgram(), panels_.engine()),
+          timed_(real_.parts().scripts, steps_), parts_(measured(real_.parts(), timed_)),
           shell_(parts_, panels_) {
         Library library;
         library.links = sampleLinks(links);
@@ -148,10 +156,10 @@ private:
     }
 
     Steps steps_;
+    QuickPanels panels_;
     RealParts real_;
     TimedScripts timed_;
     AppParts parts_;
-    QuickPanels panels_;
     AppDelegate shell_;
     TestKeyboard keyboard_;
 };

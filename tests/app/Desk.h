@@ -2,8 +2,11 @@
 
 #include "app/AppModel.h"
 #include "platform/memory/ManualClock.h"
+#include "platform/memory/MemoryFileDialogs.h"
 #include "platform/memory/MemoryHotKeys.h"
+#include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemoryPreferences.h"
+#include "platform/memory/MemorySystemOpener.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "tests/support/CannedScripts.h"
 #include "tests/support/TemporaryFolder.h"
@@ -12,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -29,7 +33,17 @@ protected:
         workspace.front = workspace.running.front();
     }
 
-    AppParts parts() { return {clock, hotKeys, preferences, scripts, workspace, libraryPath()}; }
+    AppParts parts() {
+        return {.clock = clock,
+                .files = files,
+                .hotKeys = hotKeys,
+                .opener = opener,
+                .pasteboard = pasteboard,
+                .preferences = preferences,
+                .scripts = scripts,
+                .workspace = workspace,
+                .libraryPath = libraryPath()};
+    }
 
     AppModel& model() {
         if (!model_) {
@@ -43,6 +57,10 @@ protected:
                 selections.push_back(draft);
             };
             model_->closeTabSelection = [this] { ++selectionsClosed; };
+            model_->dismissClipboardNotice = [this] { ++offersDismissed; };
+            QObject::connect(
+                model_.get(), &AppModel::counted, model_.get(),
+                [this](UsageEvent event, std::size_t number) { counts[event] += number; });
         }
         return *model_;
     }
@@ -116,7 +134,10 @@ protected:
 
     TemporaryFolder folder;
     ManualClock clock;
+    MemoryFileDialogs files;
     MemoryHotKeys hotKeys;
+    MemorySystemOpener opener;
+    MemoryPasteboard pasteboard;
     MemoryPreferences preferences;
     MemoryWorkspace workspace;
     CannedScripts scripts;
@@ -127,6 +148,8 @@ protected:
     int editorsClosed = 0;
     std::vector<TabSelectionDraft> selections;
     int selectionsClosed = 0;
+    int offersDismissed = 0;
+    std::map<UsageEvent, std::size_t> counts; ///< since the model stands
 
 private:
     std::unique_ptr<AppModel> model_;

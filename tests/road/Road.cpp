@@ -77,7 +77,8 @@ Road::Road() {
     ::setenv("XDG_DATA_HOME", home_.path("data").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", home_.path("config").c_str(), 1);
     ::setenv("XDG_CACHE_HOME", home_.path("cache").c_str(), 1);
-    real_ = std::make_unique<RealParts>(Installation::ofThisProgram());
+    panels_ = std::make_unique<QuickPanels>();
+    real_ = std::make_unique<RealParts>(Installation::ofThisProgram(), panels_->engine());
 }
 
 Road::~Road() {
@@ -100,7 +101,6 @@ SavedLink Road::link(const std::string& url, const std::string& title) {
 
 AppDelegate& Road::shell() {
     if (!shell_) {
-        panels_ = std::make_unique<QuickPanels>();
         shell_ = std::make_unique<AppDelegate>(real_->parts(), *panels_);
         shell_->launch();
         EXPECT_TRUE(waitUntil([&] { return panels_->applicationIsActive(); }));

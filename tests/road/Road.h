@@ -74,8 +74,8 @@ protected:
 
 private:
     ScratchFolder home_;
-    std::unique_ptr<RealParts> real_;
     std::unique_ptr<QuickPanels> panels_;
+    std::unique_ptr<RealParts> real_;
     std::unique_ptr<AppDelegate> shell_;
     TestKeyboard keyboard_;
 };

@@ -4,8 +4,11 @@
 #include "app/wording/LinuxWording.h"
 #include "core/text/Fold.h"
 #include "platform/memory/ManualClock.h"
+#include "platform/memory/MemoryFileDialogs.h"
 #include "platform/memory/MemoryHotKeys.h"
+#include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemoryPreferences.h"
+#include "platform/memory/MemorySystemOpener.h"
 #include "platform/memory/MemoryWorkspace.h"
 #include "screens/QuickCaptureForm.h"
 #include "screens/QuickPanel.h"
@@ -40,7 +43,10 @@ void await(Condition condition) {
 struct Desk {
     testing::TemporaryFolder folder;
     ManualClock clock;
+    MemoryFileDialogs files;
     MemoryHotKeys hotKeys;
+    MemorySystemOpener opener;
+    MemoryPasteboard pasteboard;
     MemoryPreferences preferences;
     MemoryWorkspace workspace;
     testing::CannedScripts scripts;
@@ -52,7 +58,15 @@ struct Desk {
     }
     [[nodiscard]] std::string libraryPath() const { return folder.path("library.json"); }
     [[nodiscard]] AppParts parts() {
-        return {clock, hotKeys, preferences, scripts, workspace, libraryPath()};
+        return {.clock = clock,
+                .files = files,
+                .hotKeys = hotKeys,
+                .opener = opener,
+                .pasteboard = pasteboard,
+                .preferences = preferences,
+                .scripts = scripts,
+                .workspace = workspace,
+                .libraryPath = libraryPath()};
     }
 };
 

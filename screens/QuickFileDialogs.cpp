@@ -1,0 +1,80 @@
+#include "screens/QuickFileDialogs.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QStandardPaths>
+#include <QWindow>
+
+#include <utility>
+
+namespace brinmoor {
+namespace {
+
+enum FileMode { openFile = 0, saveFile = 2 }; // as QtQuick.Dialogs numbers them
+
+const auto component = QStringLiteral("qrc:/qt-project.org/imports/Brinmoor/BackupDialog.qml");
+
+QUrl documents() {
+    return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+} // namespace
+
+QuickFileDialogs::QuickFileDialogs(QQmlEngine& engine) : engine_(engine) {}
+
+QuickFileDialogs::~QuickFileDialogs() = default;
+
+void QuickFileDialogs::chooseToRead(Chosen chosen) {
+    show({{QStringLiteral("fileMode"), int(openFile)},
+          {QStringLiteral("currentFolder"), documents()}},
+         std::move(chosen));
+}
+
+void QuickFileDialogs::chooseToWrite(const std::string& suggestedName, Chosen chosen) {
+    const auto suggested =
+        QDir(documents().toLocalFile()).filePath(QString::fromStdString(suggestedName));
+    show({{QStringLiteral("fileMode"), int(saveFile)},
+          {QStringLiteral("currentFolder"), documents()},
+          {QStringLiteral("selectedFile"), QUrl::fromLocalFile(suggested)}},
+         std::move(chosen));
+}
+
+void QuickFileDialogs::show(const QVariantMap& properties, Chosen chosen) {
+    if (dialog_) {
+        QMetaObject::invokeMethod(dialog_.get(), "open");
+        chosen(std::nullopt);
+        return;
+    }
+    QQmlComponent made(&engine_, QUrl(component));
+    dialog_.reset(made.createWithInitialProperties(properties));
+    if (!dialog_) {
+        qWarning("No file dialog: %ls", qUtf16Printable(made.errorString()));
+        chosen(std::nullopt);
+        return;
+    }
+    chosen_ = std::move(chosen);
+    dialog_->setProperty("parentWindow",
+                         QVariant::fromValue<QObject*>(QGuiApplication::focusWindow()));
+    // Signals of a QML type have no address.
+    connect(dialog_.get(), SIGNAL(answered(QUrl)), this, SLOT(accept(QUrl)));
+    connect(dialog_.get(), SIGNAL(cancelled()), this, SLOT(cancel()));
+    QMetaObject::invokeMethod(dialog_.get(), "open");
+}
+
+void QuickFileDialogs::accept(const QUrl& file) {
+    end(file.toLocalFile().toStdString());
+}
+
+void QuickFileDialogs::cancel() {
+    end(std::nullopt);
+}
+
+void QuickFileDialogs::end(std::optional<std::string> path) {
+    dialog_.reset();
+    if (const auto chosen = std::exchange(chosen_, nullptr))
+        chosen(std::move(path));
+}
+
+} // namespace brinmoor
