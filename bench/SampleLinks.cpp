@@ -57,15 +57,18 @@ std::vector<SavedLink> sampleLinks(std::size_t size) {
             byte = static_cast<std::uint8_t>(random());
         link.browser = "Chromium";
         link.collection = "Inbox";
-        link.createdAt.seconds = 8e8 - static_cast<double>(i) * 1000;
+        link.createdAt.seconds = 8e8 - static_cast<double>(i) * 1000.123456;
         link.url = "https://www.site" + std::to_string(random() % (size / 10 + 1)) +
                    ".example.com/articles/" + std::to_string(i) +
                    "?ref=feed&page=" + std::to_string(random() % 10);
+        link.iconURL = link.url.substr(0, link.url.find(".com/") + 5) + "favicon.ico";
         for (int left = 7; left > 0; --left)
             link.title += words.next() + " ";
         link.title.pop_back();
         for (auto left = random() % 4; left > 0; --left)
             link.tags.push_back(words.next());
+        for (std::size_t left = i % 5 == 0 ? 12 : 0; left > 0; --left)
+            link.note += link.title.substr(0, 5) + " ";
         links.push_back(std::move(link));
     }
     return links;

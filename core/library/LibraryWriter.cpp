@@ -7,19 +7,30 @@ namespace brinmoor {
 
 namespace {
 
+using text::JsonKey;
 using text::JsonWriter;
 
-void writeText(JsonWriter& json, std::string_view key, const std::string& text) {
-    json.key(key);
-    json.string(text);
-}
+namespace keys {
 
-void writeBoolean(JsonWriter& json, std::string_view key, bool value) {
-    json.key(key);
-    json.boolean(value);
-}
+constexpr JsonKey browser("browser");
+constexpr JsonKey collection("collection");
+constexpr JsonKey collections("collections");
+constexpr JsonKey createdAt("createdAt");
+constexpr JsonKey iconURL("iconURL");
+constexpr JsonKey id("id");
+constexpr JsonKey importance("importance");
+constexpr JsonKey isArchived("isArchived");
+constexpr JsonKey isFavorite("isFavorite");
+constexpr JsonKey links("links");
+constexpr JsonKey note("note");
+constexpr JsonKey tags("tags");
+constexpr JsonKey title("title");
+constexpr JsonKey url("url");
+constexpr JsonKey version("version");
 
-void writeTexts(JsonWriter& json, std::string_view key, const std::vector<std::string>& texts) {
+} // namespace keys
+
+void writeTexts(JsonWriter& json, const JsonKey& key, const std::vector<std::string>& texts) {
     json.key(key);
     json.beginArray();
     for (const std::string& text : texts)
@@ -29,25 +40,21 @@ void writeTexts(JsonWriter& json, std::string_view key, const std::vector<std::s
 
 void writeLink(JsonWriter& json, const SavedLink& link) {
     json.beginObject();
-    writeText(json, "browser", link.browser);
-    writeText(json, "collection", link.collection);
-    json.key("createdAt");
-    json.number(link.createdAt.seconds);
+    json.member(keys::browser, link.browser);
+    json.member(keys::collection, link.collection);
+    json.numberMember(keys::createdAt, link.createdAt.seconds);
     if (link.iconURL)
-        writeText(json, "iconURL", *link.iconURL);
-    json.key("id");
+        json.member(keys::iconURL, *link.iconURL);
     const auto id = link.id.characters();
-    json.string({id.data(), id.size()});
-    if (link.importance) {
-        json.key("importance");
-        json.string(storedValue(*link.importance));
-    }
-    writeBoolean(json, "isArchived", link.isArchived);
-    writeBoolean(json, "isFavorite", link.isFavorite);
-    writeText(json, "note", link.note);
-    writeTexts(json, "tags", link.tags);
-    writeText(json, "title", link.title);
-    writeText(json, "url", link.url);
+    json.plainMember(keys::id, {id.data(), id.size()});
+    if (link.importance)
+        json.plainMember(keys::importance, storedValue(*link.importance));
+    json.booleanMember(keys::isArchived, link.isArchived);
+    json.booleanMember(keys::isFavorite, link.isFavorite);
+    json.member(keys::note, link.note);
+    writeTexts(json, keys::tags, link.tags);
+    json.member(keys::title, link.title);
+    json.member(keys::url, link.url);
     json.endObject();
 }
 
@@ -65,14 +72,13 @@ std::size_t roughSize(const Library& library) {
 bool document::write(const Library& library, JsonWriter::Sink sink) {
     JsonWriter json(std::move(sink));
     json.beginObject();
-    writeTexts(json, "collections", library.collections);
-    json.key("links");
+    writeTexts(json, keys::collections, library.collections);
+    json.key(keys::links);
     json.beginArray();
     for (const SavedLink& link : library.links)
         writeLink(json, link);
     json.endArray();
-    json.key("version");
-    json.integer(library.version);
+    json.integerMember(keys::version, library.version);
     json.endObject();
     return json.finish();
 }

@@ -8,6 +8,18 @@ namespace {
 
 constexpr std::string_view digits = "0123456789ABCDEF";
 
+/// The two digits of every byte.
+constexpr auto pairs = [] {
+    std::array<std::array<char, 2>, 256> all{};
+    for (std::size_t byte = 0; byte < all.size(); ++byte)
+        all[byte] = {digits[byte >> 4], digits[byte & 0x0F]};
+    return all;
+}();
+
+/// Where the digits of each byte stand.
+constexpr std::array<std::uint8_t, 16> places{0,  2,  4,  6,  9,  11, 14, 16,
+                                              19, 21, 24, 26, 28, 30, 32, 34};
+
 constexpr bool isHyphenPosition(std::size_t at) {
     return at == 8 || at == 13 || at == 18 || at == 23;
 }
@@ -44,14 +56,9 @@ std::optional<Uuid> Uuid::parse(std::string_view text) noexcept {
 
 std::array<char, Uuid::textLength> Uuid::characters() const noexcept {
     std::array<char, textLength> result;
-    result.fill('-');
-    std::size_t at = 0;
-    for (const std::uint8_t byte : bytes) {
-        if (isHyphenPosition(at))
-            ++at;
-        result[at++] = digits[byte >> 4];
-        result[at++] = digits[byte & 0x0F];
-    }
+    result[8] = result[13] = result[18] = result[23] = '-';
+    for (std::size_t byte = 0; byte < bytes.size(); ++byte)
+        std::memcpy(result.data() + places[byte], pairs[bytes[byte]].data(), 2);
     return result;
 }
 

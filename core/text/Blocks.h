@@ -54,6 +54,20 @@ template <class Word>
     return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
 }
 
+/// The same where `begin`, at or before `from`, is where the readable bytes start: if there are
+/// enough of them it takes no branch, which is what short texts of all lengths cost most.
+[[nodiscard]] inline __m128i loadPartialBlock(const char* from, std::size_t count,
+                                              const char* begin) noexcept {
+    const auto before = blockSize - count;
+    if (count == 0 || static_cast<std::size_t>(from - begin) < before)
+        return loadPartialBlock(from, count);
+    __extension__ using Wide = unsigned __int128;
+    Wide wide;
+    std::memcpy(&wide, from - before, sizeof wide);
+    wide >>= 8 * before;
+    return _mm_set_epi64x(static_cast<long long>(wide >> 64), static_cast<long long>(wide));
+}
+
 [[nodiscard]] inline unsigned maskOf(__m128i bytes) noexcept {
     return static_cast<unsigned>(_mm_movemask_epi8(bytes));
 }

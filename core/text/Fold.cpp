@@ -46,15 +46,30 @@ void appendFolded(std::string& target, std::string_view text, FoldRule rule) {
     const char* const end = from + text.size();
     while (from != end) {
         const auto left = static_cast<std::size_t>(end - from);
-        const auto piece =
-            fold::foldPiece({from, room.data()}, from + std::min(left, pieceSize), end, rule);
-        target.append(room.data(), static_cast<std::size_t>(piece.to - room.data()));
-        from = piece.from;
+        const fold::Piece piece{from + std::min(left, pieceSize), text.data(), end};
+        const auto done = fold::foldPiece({from, room.data()}, piece, rule);
+        target.append(room.data(), static_cast<std::size_t>(done.to - room.data()));
+        from = done.from;
     }
 }
 
 void appendFolded(std::string& target, std::string_view text) {
     appendFolded(target, text, storedRule);
+}
+
+std::string_view FoldRoom::folded(std::string_view text, FoldRule rule) {
+    const std::size_t needed = fold::foldedRoom(text.size());
+    if (size_ < needed) {
+        size_ = std::max(needed, 2 * size_);
+        bytes_ = std::make_unique_for_overwrite<char[]>(size_);
+    }
+    const char* const end = text.data() + text.size();
+    const auto done = fold::foldPiece({text.data(), bytes_.get()}, {end, text.data(), end}, rule);
+    return {bytes_.get(), static_cast<std::size_t>(done.to - bytes_.get())};
+}
+
+std::string_view FoldRoom::folded(std::string_view text) {
+    return folded(text, storedRule);
 }
 
 std::string folded(std::string_view text, FoldRule rule) {

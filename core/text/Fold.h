@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -28,5 +30,17 @@ void setUserLocale(std::string_view locale);
 /// The same behind what `target` holds already: a loop over many texts keeps its storage.
 void appendFolded(std::string& target, std::string_view text, FoldRule rule);
 void appendFolded(std::string& target, std::string_view text);
+
+/// Room in which texts are folded one after another: the quickest way to look at many. One thread.
+class FoldRoom {
+public:
+    /// The comparison form, until the next call.
+    [[nodiscard]] std::string_view folded(std::string_view text, FoldRule rule);
+    [[nodiscard]] std::string_view folded(std::string_view text);
+
+private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_ = 0;
+};
 
 } // namespace brinmoor::text

@@ -13,9 +13,10 @@ using Byte = unsigned char;
 
 /// One code point of several bytes, by its upper bits and its last six.
 struct Sequence {
-    unsigned length; ///< 0: a bad byte
-    std::uint32_t upper;
-    std::uint32_t lower;
+    unsigned length = 0; ///< 0: a bad byte
+    std::uint32_t upper = 0;
+    std::uint32_t lower = 0;
+    std::uint32_t bytes = 0; ///< as they stand, the first one lowest; behind them anything
 };
 
 constexpr std::uint32_t sixBits(char byte) {
@@ -33,23 +34,53 @@ constexpr bool isScalarUpper(std::uint32_t upper, std::uint32_t smallest) {
            (upper < 0xD800 / 64 || upper >= 0xE000 / 64);
 }
 
-// The loop over the bytes lives on this being part of it: as a call it takes twice the time.
-[[gnu::always_inline]] inline Sequence sequenceAt(const char* from, const char* end) {
+constexpr std::uint32_t byteAt(const char* from, unsigned at) {
+    return std::uint32_t{static_cast<Byte>(from[at])} << (8 * at);
+}
+
+Sequence longSequenceAt(const char* from, const char* end) {
     const std::uint32_t lead = static_cast<Byte>(*from);
     const auto left = end - from;
     if (lead >= 0xC2 && lead < 0xE0 && left >= 2 && isContinuation(from[1]))
-        return {2, lead & 0x1FU, sixBits(from[1])};
-    if (lead >= 0xE0 && lead < 0xF0 && left >= 3 && isContinuation(from[1]) &&
-        isContinuation(from[2])) {
+        return {2, lead & 0x1FU, sixBits(from[1]), byteAt(from, 0) | byteAt(from, 1)};
+    if (left < 3 || lead < 0xE0 || !isContinuation(from[1]) || !isContinuation(from[2]))
+        return {};
+    const std::uint32_t three = byteAt(from, 0) | byteAt(from, 1) | byteAt(from, 2);
+    if (lead < 0xF0) {
         const std::uint32_t upper = (lead & 0x0FU) << 6 | sixBits(from[1]);
-        return {isScalarUpper(upper, 0x800 / 64) ? 3U : 0U, upper, sixBits(from[2])};
+        return {isScalarUpper(upper, 0x800 / 64) ? 3U : 0U, upper, sixBits(from[2]), three};
     }
-    if (lead >= 0xF0 && lead < 0xF5 && left >= 4 && isContinuation(from[1]) &&
-        isContinuation(from[2]) && isContinuation(from[3])) {
-        const std::uint32_t upper = (lead & 7U) << 12 | sixBits(from[1]) << 6 | sixBits(from[2]);
-        return {isScalarUpper(upper, 0x10000 / 64) ? 4U : 0U, upper, sixBits(from[3])};
-    }
-    return {0, 0, 0};
+    if (left < 4 || lead >= 0xF5 || !isContinuation(from[3]))
+        return {};
+    const std::uint32_t upper = (lead & 7U) << 12 | sixBits(from[1]) << 6 | sixBits(from[2]);
+    return {isScalarUpper(upper, 0x10000 / 64) ? 4U : 0U, upper, sixBits(from[3]),
+            three | byteAt(from, 3)};
+}
+
+/// Of two and three bytes, which nearly all letters have, without asking which of them: letters of
+/// both lengths come mixed, and a wrong guess costs more than either. At least three bytes must
+/// be there.
+[[gnu::always_inline]] inline Sequence shortSequenceAt(const char* from) {
+    const std::uint32_t lead = static_cast<Byte>(*from);
+    const bool hasThree = lead >= 0xE0;
+    const std::uint32_t first = sixBits(from[1]);
+    const std::uint32_t upper = hasThree ? (lead & 0x0FU) << 6 | first : lead & 0x1FU;
+    const auto isGood = static_cast<unsigned>(lead >= 0xC2) & static_cast<unsigned>(lead < 0xF0) &
+                        static_cast<unsigned>(isContinuation(from[1])) &
+                        static_cast<unsigned>(!hasThree || isContinuation(from[2])) &
+                        static_cast<unsigned>(!hasThree || upper >= 0x800 / 64) &
+                        static_cast<unsigned>(upper - 0xD800 / 64 >= 0x800 / 64);
+    return {isGood != 0 ? 2U + static_cast<unsigned>(hasThree) : 0U, upper,
+            hasThree ? sixBits(from[2]) : first,
+            byteAt(from, 0) | byteAt(from, 1) | byteAt(from, 2)};
+}
+
+// The loop over the bytes lives on this being part of it: as a call it takes twice the time.
+[[gnu::always_inline]] inline Sequence sequenceAt(const char* from, const char* end) {
+    if (end - from >= 3)
+        if (const Sequence sequence = shortSequenceAt(from); sequence.length != 0)
+            return sequence;
+    return longSequenceAt(from, end);
 }
 
 [[gnu::always_inline]] inline std::uint32_t entryOf(const Sequence& sequence) {
@@ -64,7 +95,6 @@ char* writeThreeBytes(char* to, std::uint32_t character) {
 }
 
 constexpr std::uint32_t firstSyllable = 0xAC00;
-constexpr std::uint32_t syllableCount = 11172;
 
 /// Into two or three conjoining letters (The Unicode Standard, 3.12).
 char* writeHangul(char* to, std::uint32_t syllable) {
@@ -92,34 +122,33 @@ char* writeLongForm(char* to, std::uint32_t entry) {
     }
 }
 
-/// The bytes of a code point as writeBytes takes them.
-[[gnu::always_inline]] inline std::uint32_t ownBytes(const char* from, unsigned length) {
-    const auto byte = [&](unsigned at) {
-        return std::uint32_t{static_cast<Byte>(from[at])} << (8 * at);
-    };
-    std::uint32_t bytes = byte(0) | byte(1);
-    if (length > 2)
-        bytes |= byte(2);
-    return length > 3 ? bytes | byte(3) : bytes;
+/// What a few code points need: a long form, or the letters of a Hangul syllable.
+Cursor foldSpecially(Cursor cursor, const Sequence& sequence, std::uint32_t entry) {
+    const char* const next = cursor.from + sequence.length;
+    if ((entry & 0xFFU) == hangulEntry) {
+        const std::uint32_t character = sequence.upper << 6 | sequence.lower;
+        return {next, writeHangul(cursor.to, character - firstSyllable)};
+    }
+    return {next, writeLongForm(cursor.to, entry)};
+}
+
+/// Takes one code point beyond ASCII.
+[[gnu::always_inline]] inline Cursor foldSequence(Cursor cursor, const Sequence& sequence) {
+    const std::uint32_t entry = entryOf(sequence);
+    const std::uint32_t length = entry == 0 ? sequence.length : entry & 0xFFU;
+    if (length >= firstSpecialEntry)
+        return foldSpecially(cursor, sequence, entry);
+    // Letters to change and letters to keep come mixed: a choice of values, not a branch.
+    writeBytes(cursor.to, entry == 0 ? sequence.bytes : entry >> 8);
+    return {cursor.from + sequence.length, cursor.to + length};
 }
 
 /// Takes one code point beyond ASCII, or one bad byte.
-[[gnu::always_inline]] inline Cursor foldSequence(Cursor cursor, const char* textEnd) {
+[[gnu::always_inline]] inline Cursor foldOther(Cursor cursor, const char* textEnd) {
     const Sequence sequence = sequenceAt(cursor.from, textEnd);
     if (sequence.length == 0)
         return {cursor.from + 1, writeThreeBytes(cursor.to, 0xFFFD)};
-    const char* const next = cursor.from + sequence.length;
-    const std::uint32_t entry = entryOf(sequence);
-    const std::uint32_t length = entry == 0 ? sequence.length : entry & 0xFFU;
-    if (length == longEntry)
-        return {next, writeLongForm(cursor.to, entry)};
-    const std::uint32_t syllable = (sequence.upper << 6 | sequence.lower) - firstSyllable;
-    if (syllable < syllableCount)
-        return {next, writeHangul(cursor.to, syllable)};
-    // Letters to change and letters to keep come mixed: a choice of values, not a branch.
-    const std::uint32_t own = ownBytes(cursor.from, sequence.length);
-    writeBytes(cursor.to, entry == 0 ? own : entry >> 8);
-    return {next, cursor.to + length};
+    return foldSequence(cursor, sequence);
 }
 
 bool isMarkAt(const char* from, const char* end) {
@@ -149,10 +178,11 @@ constexpr char lowered(char character) {
 
 /// Takes code points beyond ASCII and the single blanks and points between them, until ASCII that
 /// is worth a block is met, or a capital I, which is the caller's to judge.
-Cursor foldOthers(Cursor cursor, const char* pieceEnd, const char* textEnd) {
-    while (cursor.from < pieceEnd) {
+Cursor foldOthers(Cursor cursor, const Piece& piece) {
+    const char* const textEnd = piece.textEnd;
+    while (cursor.from < piece.end) {
         if (!isAscii(*cursor.from)) {
-            cursor = foldSequence(cursor, textEnd);
+            cursor = foldOther(cursor, textEnd);
             continue;
         }
         if (textEnd - cursor.from < 2 || isAscii(cursor.from[1]) || *cursor.from == 'I')
@@ -170,30 +200,35 @@ __m128i loweredBlock(__m128i block) {
     return _mm_or_si128(block, _mm_and_si128(isCapital, _mm_set1_epi8(0x20)));
 }
 
+/// Writes the block's lower case and gives the bits of the bytes that are not ASCII's to fold.
+[[gnu::always_inline]] inline unsigned foldBlock(char* to, __m128i block, FoldRule rule) {
+    storeBlock(to, loweredBlock(block));
+    const unsigned stops = maskOf(block);
+    if (rule == FoldRule::standard)
+        return stops;
+    return stops | maskOf(_mm_cmpeq_epi8(block, _mm_set1_epi8('I')));
+}
+
 /// Takes ASCII until another byte, or a capital I under the Turkic rule, is met.
-Cursor foldAscii(Cursor cursor, const char* pieceEnd, const char* textEnd, FoldRule rule) {
-    while (cursor.from < pieceEnd) {
-        const auto left = static_cast<std::size_t>(textEnd - cursor.from);
-        const std::size_t count = left < blockSize ? left : blockSize;
-        const __m128i block =
-            count == blockSize ? loadBlock(cursor.from) : loadPartialBlock(cursor.from, count);
-        storeBlock(cursor.to, loweredBlock(block));
-        unsigned stops = maskOf(block) | 1U << count;
-        if (rule == FoldRule::turkic)
-            stops |= maskOf(_mm_cmpeq_epi8(block, _mm_set1_epi8('I')));
-        const auto taken = std::countr_zero(stops);
-        cursor.from += taken;
-        cursor.to += taken;
-        if (static_cast<std::size_t>(taken) < blockSize)
-            break;
+Cursor foldAscii(Cursor cursor, const Piece& piece, FoldRule rule) {
+    const auto advanced = [&](int count) { return Cursor{cursor.from + count, cursor.to + count}; };
+    constexpr auto whole = static_cast<int>(blockSize);
+    for (; piece.textEnd - cursor.from >= whole; cursor = advanced(whole)) {
+        if (cursor.from >= piece.end)
+            return cursor;
+        // A step of fixed length: the next block is loaded before this one has been judged.
+        if (const unsigned stops = foldBlock(cursor.to, loadBlock(cursor.from), rule); stops != 0)
+            return advanced(std::countr_zero(stops));
     }
-    return cursor;
+    const auto left = static_cast<std::size_t>(piece.textEnd - cursor.from);
+    const __m128i rest = loadPartialBlock(cursor.from, left, piece.textBegin);
+    return advanced(std::countr_zero(foldBlock(cursor.to, rest, rule) | 1U << left));
 }
 
 #else
 
-Cursor foldAscii(Cursor cursor, const char* pieceEnd, const char*, FoldRule rule) {
-    for (; cursor.from < pieceEnd; ++cursor.from) {
+Cursor foldAscii(Cursor cursor, const Piece& piece, FoldRule rule) {
+    for (; cursor.from < piece.end; ++cursor.from) {
         const char character = *cursor.from;
         if (!isAscii(character) || (character == 'I' && rule == FoldRule::turkic))
             break;
@@ -206,12 +241,12 @@ Cursor foldAscii(Cursor cursor, const char* pieceEnd, const char*, FoldRule rule
 
 } // namespace
 
-Cursor foldPiece(Cursor cursor, const char* pieceEnd, const char* textEnd, FoldRule rule) noexcept {
-    while (cursor.from < pieceEnd) {
-        cursor = foldAscii(cursor, pieceEnd, textEnd, rule);
-        cursor = foldOthers(cursor, pieceEnd, textEnd);
-        if (rule == FoldRule::turkic && cursor.from < pieceEnd && *cursor.from == 'I')
-            cursor = foldTurkicI(cursor, textEnd);
+Cursor foldPiece(Cursor cursor, const Piece& piece, FoldRule rule) noexcept {
+    while (cursor.from < piece.end) {
+        cursor = foldAscii(cursor, piece, rule);
+        cursor = foldOthers(cursor, piece);
+        if (rule == FoldRule::turkic && cursor.from < piece.end && *cursor.from == 'I')
+            cursor = foldTurkicI(cursor, piece.textEnd);
     }
     return cursor;
 }

@@ -17,9 +17,14 @@ struct Cursor {
     char* to;
 };
 
-/// Folds whole code points from `cursor.from` until `pieceEnd` is reached or passed. `textEnd` is
-/// where the text really ends.
-[[nodiscard]] Cursor foldPiece(Cursor cursor, const char* pieceEnd, const char* textEnd,
-                               FoldRule rule) noexcept;
+/// Where the part of a text that is folded at once ends, and where the whole text lies.
+struct Piece {
+    const char* end;
+    const char* textBegin;
+    const char* textEnd;
+};
+
+/// Folds whole code points from `cursor.from` until the piece's end is reached or passed.
+[[nodiscard]] Cursor foldPiece(Cursor cursor, const Piece& piece, FoldRule rule) noexcept;
 
 } // namespace brinmoor::text::fold

@@ -25,6 +25,15 @@ constexpr auto deepestLine = [] {
     return line;
 }();
 
+// The lines of a library lie no deeper.
+constexpr std::size_t usualLevels = 7;
+constexpr std::size_t usualLine = 16;
+static_assert(1 + blanksPerLevel * usualLevels <= usualLine);
+
+std::size_t stringRoom(std::string_view text) {
+    return text.size() <= longestPiece ? json::escapedRoom(text.size()) + 2 : 1;
+}
+
 char* writeNumber(char* to, double value) {
     if (std::abs(value) >= firstGapInWholeNumbers)
         return std::to_chars(to, to + longestNumber, value, std::chars_format::scientific).ptr;
@@ -53,90 +62,92 @@ void JsonWriter::flush() {
         refused_ = !sink_(piece);
 }
 
-void JsonWriter::ensure(std::size_t room) {
+[[gnu::always_inline]] inline void JsonWriter::ensure(std::size_t room) {
     if (static_cast<std::size_t>(limit_ - cursor_) < room)
         flush();
 }
 
-void JsonWriter::put(std::string_view text) {
-    std::memcpy(cursor_, text.data(), text.size());
-    cursor_ += text.size();
-}
+// What follows goes through a cursor of its own: writing a character may change anything, so the
+// member would be read anew behind each of them.
 
-void JsonWriter::newLine() {
+[[gnu::always_inline]] inline char* JsonWriter::startLine(char* to) const {
     // A copy of fixed length, whatever of it counts, is a few stores and no call.
-    ensure(deepestLine.size());
-    std::memcpy(cursor_, deepestLine.data(), deepestLine.size());
-    cursor_ += 1 + blanksPerLevel * level_;
+    if (level_ <= usualLevels)
+        std::memcpy(to, deepestLine.data(), usualLine);
+    else
+        std::memcpy(to, deepestLine.data(), deepestLine.size());
+    return to + 1 + blanksPerLevel * level_;
 }
 
-void JsonWriter::beforeValue() {
+[[gnu::always_inline]] inline char* JsonWriter::startValue(std::size_t room) {
+    ensure(1 + deepestLine.size() + room);
+    char* to = cursor_;
     if (afterKey_ || level_ == 0) {
         afterKey_ = false;
-        return;
+        return to;
     }
-    ensure(1);
-    if (hasMembers_[level_])
-        *cursor_++ = ',';
+    *to = ',';
+    to += hasMembers_[level_] ? 1 : 0;
     hasMembers_[level_] = true;
-    newLine();
+    return startLine(to);
 }
 
 void JsonWriter::begin(char bracket) {
-    beforeValue();
-    ensure(1);
-    *cursor_++ = bracket;
+    char* to = startValue(1);
+    *to++ = bracket;
+    cursor_ = to;
     hasMembers_[++level_] = false;
 }
 
 void JsonWriter::end(char bracket) {
     const bool wasEmpty = !hasMembers_[level_--];
-    ensure(1);
-    if (wasEmpty)
-        *cursor_++ = '\n';
-    newLine();
-    ensure(1);
-    *cursor_++ = bracket;
+    ensure(1 + deepestLine.size() + 1);
+    char* to = cursor_;
+    *to = '\n';
+    to = startLine(to + (wasEmpty ? 1 : 0));
+    *to++ = bracket;
+    cursor_ = to;
 }
 
-void JsonWriter::key(std::string_view name) {
-    beforeValue();
-    ensure(name.size() + 5);
-    *cursor_++ = '"';
-    put(name);
-    put("\" : ");
+[[gnu::always_inline]] inline char* JsonWriter::startMember(const JsonKey& key, std::size_t room) {
+    char* const to = startValue(JsonKey::room + room);
+    std::memcpy(to, key.text(), JsonKey::room);
+    return to + key.length();
+}
+
+void JsonWriter::key(const JsonKey& key) {
+    cursor_ = startMember(key, 0);
     afterKey_ = true;
 }
 
 void JsonWriter::string(std::string_view text) {
-    beforeValue();
-    if (text.size() <= longestPiece)
-        escapeShort(text);
-    else
-        escapeLong(text);
+    writeString(startValue(stringRoom(text)), text);
 }
 
-void JsonWriter::escapeShort(std::string_view text) {
-    ensure(json::escapedRoom(text.size()) + 2);
-    char* const start = cursor_;
-    *cursor_++ = '"';
-    const json::Escaped escaped = json::writeEscaped(cursor_, text);
-    if (escaped.isAscii || isUtf8(text)) {
-        cursor_ = escaped.end;
-        *cursor_++ = '"';
-        return;
+void JsonWriter::member(const JsonKey& key, std::string_view text) {
+    writeString(startMember(key, stringRoom(text)), text);
+}
+
+[[gnu::always_inline]] inline void JsonWriter::writeString(char* to, std::string_view text) {
+    if (text.size() <= longestPiece) {
+        *to = '"';
+        const json::Escaped escaped = json::writeEscaped(to + 1, text);
+        if (escaped.isAscii || isUtf8(text)) {
+            *escaped.end = '"';
+            cursor_ = escaped.end + 1;
+            return;
+        }
     }
-    cursor_ = start;
-    escapeLong(text);
+    cursor_ = to;
+    writeByPieces(text);
 }
 
-void JsonWriter::escapeLong(std::string_view text) {
+void JsonWriter::writeByPieces(std::string_view text) {
     std::string mended;
     if (!isUtf8(text)) {
         mended = withBadBytesReplaced(text);
         text = mended;
     }
-    ensure(1);
     *cursor_++ = '"';
     while (!text.empty()) {
         const std::string_view piece = text.substr(0, longestPiece);
@@ -148,22 +159,29 @@ void JsonWriter::escapeLong(std::string_view text) {
     *cursor_++ = '"';
 }
 
-void JsonWriter::number(double finite) {
-    beforeValue();
-    ensure(longestNumber + 2);
-    cursor_ = writeNumber(cursor_, finite);
+void JsonWriter::plainMember(const JsonKey& key, std::string_view text) {
+    char* to = startMember(key, longestPlain + 2);
+    *to++ = '"';
+    std::memcpy(to, text.data(), text.size());
+    to += text.size();
+    *to++ = '"';
+    cursor_ = to;
 }
 
-void JsonWriter::integer(std::int64_t value) {
-    beforeValue();
-    ensure(longestNumber);
-    cursor_ = std::to_chars(cursor_, cursor_ + longestNumber, value).ptr;
+void JsonWriter::numberMember(const JsonKey& key, double finite) {
+    cursor_ = writeNumber(startMember(key, longestNumber + 2), finite);
 }
 
-void JsonWriter::boolean(bool value) {
-    beforeValue();
-    ensure(5);
-    put(value ? "true" : "false");
+void JsonWriter::integerMember(const JsonKey& key, std::int64_t value) {
+    char* const to = startMember(key, longestNumber);
+    cursor_ = std::to_chars(to, to + longestNumber, value).ptr;
+}
+
+void JsonWriter::booleanMember(const JsonKey& key, bool value) {
+    constexpr std::size_t longest = 5;
+    char* const to = startMember(key, longest);
+    std::memcpy(to, value ? "true " : "false", longest);
+    cursor_ = to + (value ? 4 : 5);
 }
 
 bool JsonWriter::finish() {

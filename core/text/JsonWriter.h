@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -8,6 +9,31 @@
 #include <vector>
 
 namespace brinmoor::text {
+
+/// A key of plain ASCII letters and digits, with its quotes and what stands before the value. Made
+/// once, as a constant: it is copied whole, whatever of it counts.
+class JsonKey {
+public:
+    static constexpr std::size_t room = 32;
+
+    template <std::size_t size>
+    constexpr explicit JsonKey(const char (&name)[size]) noexcept : length_(size + 4) {
+        static_assert(size + 4 <= room);
+        std::size_t at = 0;
+        text_[at++] = '"';
+        for (std::size_t from = 0; from + 1 < size; ++from)
+            text_[at++] = name[from];
+        for (const char next : {'"', ' ', ':', ' '})
+            text_[at++] = next;
+    }
+
+    [[nodiscard]] const char* text() const noexcept { return text_.data(); }
+    [[nodiscard]] std::size_t length() const noexcept { return length_; }
+
+private:
+    std::array<char, room> text_{};
+    std::size_t length_;
+};
 
 /// Writes one JSON document in the product's form: UTF-8, pretty-printed with two blanks a level,
 /// `"key" : value`, "/" as "\/", shortest numbers that read back to the same bits. The caller gives
@@ -31,28 +57,34 @@ public:
     void beginArray() { begin('['); }
     void endArray() { end(']'); }
 
-    /// A key of plain ASCII letters and digits, which needs no escapes.
-    void key(std::string_view name);
+    /// The array or object that follows is the key's value.
+    void key(const JsonKey& key);
+    /// A text of an array.
     void string(std::string_view text);
-    void number(double finite);
-    void integer(std::int64_t value);
-    void boolean(bool value);
+
+    void member(const JsonKey& key, std::string_view text);
+    /// A text of up to longestPlain bytes that needs no escapes.
+    void plainMember(const JsonKey& key, std::string_view text);
+    void numberMember(const JsonKey& key, double finite);
+    void integerMember(const JsonKey& key, std::int64_t value);
+    void booleanMember(const JsonKey& key, bool value);
+
+    static constexpr std::size_t longestPlain = 64;
 
     /// Hands over the rest; false when the sink refused a piece.
     [[nodiscard]] bool finish();
 
 private:
-    enum class Place { inObject, inArray };
-
     void begin(char bracket);
     void end(char bracket);
-    void beforeValue();
-    void newLine();
+    /// Room for a value, behind its comma, line break and blanks.
+    [[nodiscard]] char* startValue(std::size_t room);
+    [[nodiscard]] char* startMember(const JsonKey& key, std::size_t room);
+    [[nodiscard]] char* startLine(char* to) const;
     void ensure(std::size_t room);
     void flush();
-    void put(std::string_view text);
-    void escapeShort(std::string_view text);
-    void escapeLong(std::string_view text);
+    void writeString(char* to, std::string_view text);
+    void writeByPieces(std::string_view text);
 
     Sink sink_;
     std::vector<char> window_;

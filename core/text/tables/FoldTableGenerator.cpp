@@ -24,6 +24,7 @@ constexpr std::size_t longestForm = 15;
 constexpr std::size_t mostGrowth = 3; ///< bytes written for one byte read
 constexpr std::uint32_t droppedEntry = 0x100;
 constexpr std::uint32_t longEntry = 0xFF;
+constexpr std::uint32_t hangulEntry = 0xFE;
 
 using Block = std::array<std::uint32_t, blockLength>;
 
@@ -62,7 +63,11 @@ public:
         icu::UnicodeString(character).toUTF8String(own);
         if (form.size() > mostGrowth * own.size() || form.size() > longestForm)
             fail("its folded form is too long", character);
-        block_[static_cast<std::size_t>(character % blockLength)] = form == own ? 0 : entryOf(form);
+        addEntry(character, form == own ? 0 : entryOf(form));
+    }
+
+    void addEntry(UChar32 character, std::uint32_t entry) {
+        block_[static_cast<std::size_t>(character % blockLength)] = entry;
         if (character % blockLength == blockLength - 1)
             endBlock();
     }
@@ -123,12 +128,6 @@ private:
     std::string longForms_;
 };
 
-std::string unchanged(UChar32 character) {
-    std::string result;
-    icu::UnicodeString(character).toUTF8String(result);
-    return result;
-}
-
 } // namespace
 
 int main() {
@@ -138,8 +137,10 @@ int main() {
         fail("ICU's data is missing", 0);
     Table table;
     for (UChar32 character = 0; character < codePoints; ++character)
-        if (isSurrogate(character) || isHangulSyllable(character))
-            table.add(character, unchanged(character));
+        if (isHangulSyllable(character))
+            table.addEntry(character, hangulEntry);
+        else if (isSurrogate(character))
+            table.addEntry(character, 0);
         else
             table.add(character, folded(*decomposition, character));
     table.print();

@@ -2,6 +2,7 @@
 
 #include "core/search/LinkSearch.h"
 #include "core/text/Characters.h"
+#include "core/text/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include <array>
 #include <random>
 #include <vector>
 
@@ -198,6 +200,37 @@ TEST(Fold, isAppendedBehindWhatIsThere) {
     std::string target = "Kept ";
     text::appendFolded(target, "ÉA", FoldRule::standard);
     EXPECT_EQ(target, "Kept ea");
+}
+
+TEST(Fold, ofAnyFourBytesReadsThemAsCharactersAndBadBytes) {
+    constexpr std::array bounds{'\0',   'I',    '\x7F', '\x80', '\x8F', '\x90',
+                                '\x9F', '\xA0', '\xBF', '\xC0', '\xFF'};
+    for (int lead = 0x80; lead < 0x100; ++lead)
+        for (int second = 0; second < 0x100; ++second)
+            for (const char third : bounds)
+                for (const char fourth : bounds) {
+                    const std::string text{static_cast<char>(lead), static_cast<char>(second),
+                                           third, fourth};
+                    // Valid text is folded as ICU does it, see above.
+                    ASSERT_EQ(folded(text, FoldRule::standard),
+                              folded(text::withBadBytesReplaced(text), FoldRule::standard))
+                        << lead << ' ' << second << ' ' << int{third} << ' ' << int{fourth};
+                }
+}
+
+TEST(FoldRoom, givesTheSameAndReadsNoByteBeyondTheText) {
+    constexpr std::uint64_t seed = 61;
+    std::mt19937_64 random(seed);
+    text::FoldRoom room;
+    for (int round = 0; round < 20'000; ++round) {
+        std::string text;
+        for (auto pieces = random() % (round % 100 == 0 ? 400 : 12); pieces > 0; --pieces)
+            text += randomPiece(random);
+        const std::vector<char> exact(text.begin(), text.end());
+        for (const FoldRule rule : {FoldRule::standard, FoldRule::turkic})
+            ASSERT_EQ(room.folded({exact.data(), exact.size()}, rule), folded(text, rule))
+                << text << " seed " << seed;
+    }
 }
 
 TEST(FoldRule, isTurkicForTurkishAndAzeriAlone) {
