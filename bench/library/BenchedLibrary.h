@@ -2,6 +2,8 @@
 
 #include "core/library/Library.h"
 
+#include <benchmark/benchmark.h>
+
 #include <cstdint>
 #include <string>
 
@@ -16,5 +18,13 @@ namespace brinmoor::bench {
 
 /// The whole file, read with plain calls into `bytes`, with room for a reader's padding.
 void readWhole(const std::string& path, std::string& bytes);
+
+/// Undoes what was measured: a program keeps what it loads.
+template <class Work>
+void outsideTheClock(benchmark::State& state, const Work& work) {
+    state.PauseTiming();
+    work();
+    state.ResumeTiming();
+}
 
 } // namespace brinmoor::bench

@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace brinmoor::bench {
@@ -56,8 +57,11 @@ void copyDocument(benchmark::State& state) {
 
 void load(benchmark::State& state) {
     const LibraryFile file(documentPath(state.range(0)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(file.load());
+    for (auto _ : state) {
+        std::optional loaded(file.load());
+        benchmark::DoNotOptimize(loaded);
+        outsideTheClock(state, [&] { loaded.reset(); });
+    }
 }
 
 void readFile(benchmark::State& state) {

@@ -22,5 +22,7 @@ inline constexpr std::size_t readerPadding = 64;
 
 /// Reads a document with at least readerPadding bytes of room behind it.
 [[nodiscard]] Result<Library, FileError> readPadded(const char* bytes, std::size_t size);
+/// The same by the complete reader alone, whose word on any document counts.
+[[nodiscard]] Result<Library, FileError> readAny(const char* bytes, std::size_t size);
 
 } // namespace brinmoor::document

@@ -1,6 +1,7 @@
 #include "core/library/LibraryFile.h"
 
 #include "core/library/FileReplacement.h"
+#include "core/library/LargeMemory.h"
 #include "core/library/LibraryDocument.h"
 #include "core/library/LibraryStorage.h"
 
@@ -32,6 +33,7 @@ struct Bytes {
 /// Gives 0 or the errno; the file's length may have changed since `expected` was read.
 int readAll(FileSystem& system, const OpenFile& file, std::size_t expected, Bytes& bytes) {
     bytes.memory = std::make_unique_for_overwrite<char[]>(expected + document::readerPadding);
+    expectFullUse(bytes.memory.get(), expected);
     while (bytes.size < expected) {
         const ssize_t count =
             system.read(file.descriptor(), bytes.memory.get() + bytes.size, expected - bytes.size);

@@ -1,4 +1,5 @@
 #include "core/library/LibraryDocument.h"
+#include "core/library/LibraryScan.h"
 
 #include <simdjson.h>
 
@@ -176,6 +177,12 @@ Result<Library, FileError> readRoot(const element& root) {
 Result<Library, FileError> document::readPadded(const char* bytes, std::size_t size) {
     if (size > largestSize)
         return refusal(FileError::Cause::tooLarge);
+    if (auto usual = scanUsual(bytes, size))
+        return std::move(*usual);
+    return readAny(bytes, size);
+}
+
+Result<Library, FileError> document::readAny(const char* bytes, std::size_t size) {
     simdjson::dom::parser parser;
     element root;
     switch (parser.parse(reinterpret_cast<const std::uint8_t*>(bytes), size, false).get(root)) {

@@ -1,4 +1,5 @@
 #include "core/library/LibraryDocument.h"
+#include "core/library/LibraryKeys.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,26 +10,6 @@ namespace {
 
 using text::JsonKey;
 using text::JsonWriter;
-
-namespace keys {
-
-constexpr JsonKey browser("browser");
-constexpr JsonKey collection("collection");
-constexpr JsonKey collections("collections");
-constexpr JsonKey createdAt("createdAt");
-constexpr JsonKey iconURL("iconURL");
-constexpr JsonKey id("id");
-constexpr JsonKey importance("importance");
-constexpr JsonKey isArchived("isArchived");
-constexpr JsonKey isFavorite("isFavorite");
-constexpr JsonKey links("links");
-constexpr JsonKey note("note");
-constexpr JsonKey tags("tags");
-constexpr JsonKey title("title");
-constexpr JsonKey url("url");
-constexpr JsonKey version("version");
-
-} // namespace keys
 
 void writeTexts(JsonWriter& json, const JsonKey& key, const std::vector<std::string>& texts) {
     json.key(key);

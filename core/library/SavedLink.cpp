@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace brinmoor {
 
@@ -50,6 +51,34 @@ private:
     std::unordered_set<std::string> many_;
 };
 
+/// Short, of ASCII letters, digits and inner blanks: no rule can change such a tag.
+bool isSurelyNormal(std::string_view tag) noexcept {
+    if (tag.empty() || tag.size() > longestTag || tag.front() == ' ' || tag.back() == ' ')
+        return false;
+    return std::all_of(tag.begin(), tag.end(), [](char unit) {
+        return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
+               (unit >= '0' && unit <= '9') || unit == ' ' || unit == '-';
+    });
+}
+
+bool equalsInLowerCase(std::string_view a, std::string_view b) noexcept {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char one, char other) { return (one | 0x20) == (other | 0x20); });
+}
+
+/// False says nothing.
+bool areSurelyNormal(const std::vector<std::string>& tags) noexcept {
+    constexpr std::size_t few = 8;
+    if (tags.size() > few)
+        return false;
+    for (auto tag = tags.begin(); tag != tags.end(); ++tag)
+        if (!isSurelyNormal(*tag) || std::any_of(tags.begin(), tag, [&](const std::string& before) {
+                return equalsInLowerCase(before, *tag);
+            }))
+            return false;
+    return true;
+}
+
 } // namespace
 
 std::string_view storedValue(LinkImportance importance) noexcept {
@@ -82,6 +111,10 @@ std::vector<std::string> SavedLink::normalizedTags(const std::vector<std::string
             result.emplace_back(bare);
     }
     return result;
+}
+
+std::vector<std::string> SavedLink::normalizedTags(std::vector<std::string>&& tags) {
+    return areSurelyNormal(tags) ? std::move(tags) : normalizedTags(std::as_const(tags));
 }
 
 std::vector<std::string> SavedLink::parseTags(std::string_view text) {

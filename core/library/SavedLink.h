@@ -50,6 +50,8 @@ struct SavedLink {
     /// kept.
     [[nodiscard]] static std::vector<std::string>
     normalizedTags(const std::vector<std::string>& tags);
+    /// The same for a list that is needed no more; tags in this form already stay where they are.
+    [[nodiscard]] static std::vector<std::string> normalizedTags(std::vector<std::string>&& tags);
 
     /// normalizedTags of the pieces between commas; nothing else separates tags.
     [[nodiscard]] static std::vector<std::string> parseTags(std::string_view text);

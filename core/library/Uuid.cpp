@@ -20,38 +20,41 @@ constexpr auto pairs = [] {
 constexpr std::array<std::uint8_t, 16> places{0,  2,  4,  6,  9,  11, 14, 16,
                                               19, 21, 24, 26, 28, 30, 32, 34};
 
-constexpr bool isHyphenPosition(std::size_t at) {
-    return at == 8 || at == 13 || at == 18 || at == 23;
+constexpr std::uint8_t noDigit = 0xFF;
+
+constexpr auto digitValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(noDigit);
+    for (std::uint8_t value = 0; value < 16; ++value) {
+        const auto digit = static_cast<unsigned char>(digits[value]);
+        values[digit] = value;
+        values[digit | 0x20U] = value;
+    }
+    return values;
+}();
+
+constexpr unsigned valueOf(char digit) {
+    return digitValues[static_cast<unsigned char>(digit)];
 }
 
-constexpr int digitValue(char character) {
-    if (character >= '0' && character <= '9')
-        return character - '0';
-    const char lower = static_cast<char>(character | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+constexpr bool hasHyphens(std::string_view text) {
+    return text[8] == '-' && text[13] == '-' && text[18] == '-' && text[23] == '-';
 }
 
 } // namespace
 
 std::optional<Uuid> Uuid::parse(std::string_view text) noexcept {
-    if (text.size() != textLength)
+    if (text.size() != textLength || !hasHyphens(text))
         return std::nullopt;
     Uuid result;
-    std::size_t byte = 0;
-    for (std::size_t at = 0; at < textLength;) {
-        if (isHyphenPosition(at)) {
-            if (text[at++] != '-')
-                return std::nullopt;
-            continue;
-        }
-        const int high = digitValue(text[at]);
-        const int low = digitValue(text[at + 1]);
-        if (high < 0 || low < 0)
-            return std::nullopt;
-        result.bytes[byte++] = static_cast<std::uint8_t>(high << 4 | low);
-        at += 2;
+    unsigned seen = 0;
+    for (std::size_t byte = 0; byte < result.bytes.size(); ++byte) {
+        const unsigned high = valueOf(text[places[byte]]);
+        const unsigned low = valueOf(text[places[byte] + std::size_t{1}]);
+        seen |= high | low;
+        result.bytes[byte] = static_cast<std::uint8_t>(high << 4 | low);
     }
-    return result;
+    return seen < 16 ? std::optional(result) : std::nullopt;
 }
 
 std::array<char, Uuid::textLength> Uuid::characters() const noexcept {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/JsonKey.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,31 +11,6 @@
 #include <vector>
 
 namespace brinmoor::text {
-
-/// A key of plain ASCII letters and digits, with its quotes and what stands before the value. Made
-/// once, as a constant: it is copied whole, whatever of it counts.
-class JsonKey {
-public:
-    static constexpr std::size_t room = 32;
-
-    template <std::size_t size>
-    constexpr explicit JsonKey(const char (&name)[size]) noexcept : length_(size + 4) {
-        static_assert(size + 4 <= room);
-        std::size_t at = 0;
-        text_[at++] = '"';
-        for (std::size_t from = 0; from + 1 < size; ++from)
-            text_[at++] = name[from];
-        for (const char next : {'"', ' ', ':', ' '})
-            text_[at++] = next;
-    }
-
-    [[nodiscard]] const char* text() const noexcept { return text_.data(); }
-    [[nodiscard]] std::size_t length() const noexcept { return length_; }
-
-private:
-    std::array<char, room> text_{};
-    std::size_t length_;
-};
 
 /// Writes one JSON document in the product's form: UTF-8, pretty-printed with two blanks a level,
 /// `"key" : value`, "/" as "\/", shortest numbers that read back to the same bits. The caller gives
