@@ -63,5 +63,9 @@
         <source>⌘↵ to save · Esc to cancel</source>
         <translation>Ctrl+↵ to save · Esc to cancel</translation>
     </message>
+    <message>
+        <source>Brinmoor couldn’t access your login in macOS Keychain. Unlock your keychain and try again.</source>
+        <translation>Brinmoor couldn’t access your login in the keyring. Unlock your keyring and try again.</translation>
+    </message>
 </context>
 </TS>

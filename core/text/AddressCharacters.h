@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-/// What may stand where in an address (RFC 3986, appendix A). Used by the address sources only.
+/// What may stand where in an address (RFC 3986, appendix A). Used where addresses are read.
 namespace brinmoor::addresses {
 
 inline constexpr std::uint8_t inScheme = 1; ///< behind a scheme's first letter

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// The five parts of a URI reference and what is done to them one by one. Used by the address
-/// sources only.
+/// The five parts of a URI reference and what is done to them one by one. Used where addresses
+/// are read, never by what only holds one.
 namespace brinmoor::addresses {
 
 /// The longest text that is taken for an address, and the longest canonical string.
