@@ -67,5 +67,9 @@
         <source>Brinmoor couldn’t access your login in macOS Keychain. Unlock your keychain and try again.</source>
         <translation>Brinmoor couldn’t access your login in the keyring. Unlock your keyring and try again.</translation>
     </message>
+    <message>
+        <source>Open the sign-in email on this Mac. Brinmoor will finish signing you in automatically.</source>
+        <translation>Open the sign-in email on this computer. Brinmoor will finish signing you in automatically.</translation>
+    </message>
 </context>
 </TS>

@@ -157,7 +157,7 @@ void NetworkExchange::letReplyGo() {
     QNetworkReply* const reply = reply_;
     reply_.clear();
     disconnect(reply, nullptr, this, nullptr);
-    reply->abort();
+    // Its end breaks the connection off; an abort() inside one of its signals would be reported.
     reply->deleteLater();
 }
 

@@ -17,7 +17,8 @@ QString contents(const QString& path) {
 /// Every source of the program in one text, texts that go over several lines put together.
 QString allSources() {
     QString all;
-    for (const char* folder : {"core", "platform", "browser", "app", "screens", "main"}) {
+    for (const char* folder :
+         {"core", "platform", "browser", "account", "usage", "app", "screens", "main"}) {
         QDirIterator files(QStringLiteral(BRINMOOR_SOURCES "/") + QString::fromLatin1(folder),
                            {u"*.cpp"_qs, u"*.h"_qs, u"*.qml"_qs}, QDir::Files,
                            QDirIterator::Subdirectories);
