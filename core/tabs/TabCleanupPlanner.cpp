@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <map>
 #include <ranges>
+#include <set>
 #include <tuple>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace brinmoor::TabCleanupPlanner {
 namespace {
@@ -18,6 +18,8 @@ using Tab = const BrowserTabSnapshot*;
 
 /// One tab for each identity; a later one takes the place of an earlier one.
 using Plan = std::unordered_map<std::string, Tab>;
+
+using Domains = std::set<std::string, std::less<>>;
 
 bool isWebPage(const BrowserTabSnapshot& tab) {
     return Library::validatedURL(tab.url).has_value();
@@ -54,9 +56,9 @@ std::vector<BrowserTabSnapshot> inClosingOrder(std::vector<Tab> tabs) {
 }
 
 /// Whether the domain or one that it belongs to is wanted.
-bool isWithin(std::string_view domain, const std::unordered_set<std::string>& wanted) {
+bool isWithin(std::string_view domain, const Domains& wanted) {
     for (;;) {
-        if (wanted.contains(std::string(domain)))
+        if (wanted.contains(domain))
             return true;
         const auto dot = domain.find('.');
         if (dot == std::string_view::npos)
@@ -99,7 +101,7 @@ duplicateAndEmptyCandidates(const std::vector<BrowserTabSnapshot>& tabs) {
 
 std::vector<BrowserTabSnapshot> domainCandidates(const std::vector<BrowserTabSnapshot>& tabs,
                                                  const std::vector<std::string>& domains) {
-    std::unordered_set<std::string> wanted;
+    Domains wanted;
     for (const std::string& entry : domains)
         if (auto domain = normalizedDomain(entry))
             wanted.insert(std::move(*domain));
