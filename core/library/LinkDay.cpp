@@ -5,44 +5,36 @@
 #include "core/text/Wording.h"
 
 #include <algorithm>
-#include <functional>
-#include <map>
 
 namespace brinmoor {
 
 namespace {
 
-/// The links of each day, newest day first. Links come mostly in order of time, so the day of one
-/// is looked for where the last one lay before the calendar is asked.
-class DayTable {
-public:
-    using Links = std::vector<SavedLink*>;
-    using Days = std::map<Instant, Links, std::greater<>>;
-
-    explicit DayTable(const text::Calendar& calendar) : calendar_(calendar) {}
-
-    void add(SavedLink& link) {
-        const Instant moment = link.createdAt;
-        if (links_ == nullptr || moment < start_ || moment >= end_)
-            enterDayOf(moment);
-        links_->push_back(&link);
-    }
-
-    Days& days() { return days_; }
-
-private:
-    void enterDayOf(Instant moment) {
-        start_ = calendar_.startOfDay(moment);
-        end_ = calendar_.dayAfter(start_);
-        links_ = &days_[start_];
-    }
-
-    const text::Calendar& calendar_;
-    Days days_;
-    Instant start_;
-    Instant end_;
-    Links* links_ = nullptr;
+struct Ranked {
+    int score;
+    Instant createdAt;
+    SavedLink* link;
 };
+using Ranking = std::vector<Ranked>;
+
+bool isBefore(const Ranked& a, const Ranked& b) {
+    return a.score != b.score ? a.score > b.score : a.createdAt > b.createdAt;
+}
+
+/// By score, then newest first; links that tie keep their order.
+void sort(Ranking& ranking) {
+    // Mostly they are: a library is kept newest first.
+    if (!std::is_sorted(ranking.begin(), ranking.end(), isBefore))
+        std::stable_sort(ranking.begin(), ranking.end(), isBefore);
+}
+
+std::vector<SavedLink> taken(Ranking::const_iterator begin, Ranking::const_iterator end) {
+    std::vector<SavedLink> links;
+    links.reserve(static_cast<std::size_t>(end - begin));
+    for (; begin != end; ++begin)
+        links.push_back(std::move(*begin->link));
+    return links;
+}
 
 std::string labelOf(const text::Calendar& calendar, Instant day, Instant now) {
     const Instant today = calendar.startOfDay(now);
@@ -54,48 +46,36 @@ std::string labelOf(const text::Calendar& calendar, Instant day, Instant now) {
                                                     : calendar.dateWithYear(day);
 }
 
-struct Ranked {
-    int score;
-    SavedLink* link;
-};
-
-bool isBefore(const Ranked& a, const Ranked& b) {
-    return a.score != b.score ? a.score > b.score : a.link->createdAt > b.link->createdAt;
-}
-
 } // namespace
 
 std::vector<LinkDay> LinkDay::group(std::vector<SavedLink> links, Instant now,
                                     std::string_view timeZone) {
-    const text::Calendar calendar(timeZone);
-    DayTable table(calendar);
+    Ranking byTime;
+    byTime.reserve(links.size());
     for (SavedLink& link : links)
-        table.add(link);
-    std::vector<LinkDay> result;
-    for (auto& [start, members] : table.days()) {
-        std::stable_sort(
-            members.begin(), members.end(),
-            [](const SavedLink* a, const SavedLink* b) { return a->createdAt > b->createdAt; });
-        LinkDay& day = result.emplace_back(LinkDay{start, labelOf(calendar, start, now), {}});
-        day.links.reserve(members.size());
-        for (SavedLink* link : members)
-            day.links.push_back(std::move(*link));
+        byTime.push_back({0, link.createdAt, &link});
+    sort(byTime);
+    const text::Calendar calendar(timeZone);
+    std::vector<LinkDay> days;
+    for (auto begin = byTime.begin(); begin != byTime.end();) {
+        const Instant start = calendar.startOfDay(begin->createdAt);
+        const auto end = std::find_if(begin + 1, byTime.end(), [&](const Ranked& each) {
+            return each.createdAt < start && calendar.startOfDay(each.createdAt) != start;
+        });
+        days.push_back({start, labelOf(calendar, start, now), taken(begin, end)});
+        begin = end;
     }
-    return result;
+    return days;
 }
 
 LinkDay LinkDay::bestMatches(std::vector<SavedLink> links, std::string_view query) {
     LinkQuery asked(query);
-    std::vector<Ranked> ranked;
-    ranked.reserve(links.size());
+    Ranking ranking;
+    ranking.reserve(links.size());
     for (SavedLink& link : links)
-        ranked.push_back({asked.rank(link).value_or(0), &link});
-    std::stable_sort(ranked.begin(), ranked.end(), isBefore);
-    LinkDay day{distantPast, text::worded("Best matches"), {}};
-    day.links.reserve(ranked.size());
-    for (const Ranked& each : ranked)
-        day.links.push_back(std::move(*each.link));
-    return day;
+        ranking.push_back({asked.rank(link).value_or(0), link.createdAt, &link});
+    sort(ranking);
+    return {distantPast, text::worded("Best matches"), taken(ranking.begin(), ranking.end())};
 }
 
 } // namespace brinmoor

@@ -14,7 +14,9 @@ namespace {
 class TagCounts {
 public:
     void add(const std::string& tag) {
-        const auto [place, isNew] = places_.try_emplace(LinkSearch::folded(tag), counts_.size());
+        folded_.clear();
+        text::appendFolded(folded_, tag);
+        const auto [place, isNew] = places_.try_emplace(folded_, counts_.size());
         if (isNew)
             counts_.push_back({tag, 0});
         ++counts_[place->second].count;
@@ -23,7 +25,8 @@ public:
     std::vector<TagSummary> take() { return std::move(counts_); }
 
 private:
-    std::unordered_map<std::string, std::size_t> places_;
+    std::unordered_map<std::string, std::size_t> places_; ///< of each folded tag
+    std::string folded_;
     std::vector<TagSummary> counts_;
 };
 
@@ -46,19 +49,28 @@ std::string TagSummary::id() const {
 
 std::vector<TagSummary> TagSummary::summarize(const std::vector<SavedLink>& links) {
     TagCounts counts;
-    for (const SavedLink& link : links)
-        for (const std::string& tag : SavedLink::normalizedTags(link.tags))
+    std::vector<std::string> tags;
+    for (const SavedLink& link : links) {
+        tags = link.tags;
+        tags = SavedLink::normalizedTags(std::move(tags));
+        for (const std::string& tag : tags)
             counts.add(tag);
+    }
     return sorted(counts.take(), TagSummarySortOrder::alphabetical);
 }
 
 std::vector<TagSummary> TagSummary::sorted(std::vector<TagSummary> list, TagSummarySortOrder by) {
-    std::stable_sort(list.begin(), list.end(), [by](const TagSummary& a, const TagSummary& b) {
-        if (by == TagSummarySortOrder::mostLinks && a.count != b.count)
-            return a.count > b.count;
-        return text::compareNames(a.name, b.name) < 0;
-    });
-    return list;
+    std::vector<std::string_view> names;
+    names.reserve(list.size());
+    for (const TagSummary& summary : list)
+        names.push_back(summary.name);
+    std::vector<TagSummary> result;
+    result.reserve(list.size());
+    for (const std::size_t place : text::orderOfNames(names))
+        result.push_back(std::move(list[place]));
+    if (by == TagSummarySortOrder::mostLinks)
+        std::ranges::stable_sort(result, std::ranges::greater(), &TagSummary::count);
+    return result;
 }
 
 } // namespace brinmoor

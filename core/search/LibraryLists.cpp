@@ -3,7 +3,7 @@
 #include "core/library/TagSummary.h"
 #include "core/text/Characters.h"
 
-#include <algorithm>
+#include <string_view>
 #include <unordered_set>
 
 namespace brinmoor::LibraryLists {
@@ -29,13 +29,15 @@ std::vector<std::string> allTags(const std::vector<SavedLink>& links) {
 
 std::vector<std::string> domainOptions(const std::vector<SavedLink>& links) {
     std::unordered_set<std::string> known{""};
-    std::vector<std::string> domains;
+    std::vector<std::string_view> domains;
     for (const SavedLink& link : links)
         if (const auto [domain, isNew] = known.insert(link.domain()); isNew)
             domains.push_back(*domain);
-    std::stable_sort(domains.begin(), domains.end(),
-                     [](const auto& a, const auto& b) { return text::compareNames(a, b) < 0; });
-    return domains;
+    std::vector<std::string> sorted;
+    sorted.reserve(domains.size());
+    for (const std::size_t place : text::orderOfNames(domains))
+        sorted.emplace_back(domains[place]);
+    return sorted;
 }
 
 UuidSet activeIDs(const std::vector<SavedLink>& links) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,10 @@ namespace brinmoor::text {
 /// The order in which a file manager lists names, under the user's locale, numbers by value:
 /// negative, zero or positive.
 [[nodiscard]] int compareNames(std::string_view a, std::string_view b);
+
+/// The places of the names in that order; names that tie stay in theirs. For many names this is
+/// several times as fast as a sort by compareNames.
+[[nodiscard]] std::vector<std::size_t> orderOfNames(std::span<const std::string_view> names);
 
 /// Whether `text` contains `part` anywhere under the user's locale, letter case ignored and
 /// diacritics not.

@@ -9,7 +9,9 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
+#include <numeric>
 
 namespace brinmoor::text {
 namespace {
@@ -77,6 +79,23 @@ const icu::Collator* userCollator() {
     return kept.collator.get();
 }
 
+/// Bytes that compare with those of another name as the collator compares the names.
+std::string nameKey(const icu::Collator& collator, std::string_view name) {
+    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(piece(name));
+    std::string key(2 * name.size() + 16, '\0');
+    const auto write = [&] {
+        return static_cast<std::size_t>(
+            collator.getSortKey(text, reinterpret_cast<std::uint8_t*>(key.data()),
+                                static_cast<std::int32_t>(key.size())));
+    };
+    const std::size_t length = write();
+    const bool isWhole = length <= key.size();
+    key.resize(length);
+    if (!isWhole)
+        (void)write();
+    return key;
+}
+
 /// The form in which texts that differ only in case or in composition are equal. Composed first:
 /// in Turkish the case of "İ" is not that of its parts.
 icu::UnicodeString caseless(std::string_view text, FoldRule rule) {
@@ -123,6 +142,19 @@ int compareNames(std::string_view a, std::string_view b) {
         return a.compare(b);
     UErrorCode status = U_ZERO_ERROR;
     return collator->compareUTF8(piece(a), piece(b), status);
+}
+
+std::vector<std::size_t> orderOfNames(std::span<const std::string_view> names) {
+    const icu::Collator* collator = userCollator();
+    std::vector<std::string> keys;
+    keys.reserve(names.size());
+    for (const std::string_view name : names)
+        keys.push_back(collator == nullptr ? std::string(name) : nameKey(*collator, name));
+    std::vector<std::size_t> order(names.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, {},
+                             [&](std::size_t place) -> const std::string& { return keys[place]; });
+    return order;
 }
 
 bool containsIgnoringCase(std::string_view text, std::string_view part) {
