@@ -36,15 +36,28 @@ std::vector<SavedLink> taken(Ranking::const_iterator begin, Ranking::const_itera
     return links;
 }
 
-std::string labelOf(const text::Calendar& calendar, Instant day, Instant now) {
-    const Instant today = calendar.startOfDay(now);
-    if (day == today)
-        return text::worded("Today");
-    if (day == calendar.dayBefore(today))
-        return text::worded("Yesterday");
-    return calendar.year(day) == calendar.year(now) ? calendar.weekdayAndDate(day)
-                                                    : calendar.dateWithYear(day);
-}
+/// The headings, as they are at one moment.
+class Labels {
+public:
+    Labels(const text::Calendar& calendar, Instant now)
+        : calendar_(calendar), today_(calendar.startOfDay(now)),
+          yesterday_(calendar.dayBefore(today_)), year_(calendar.year(now)) {}
+
+    [[nodiscard]] std::string of(Instant day) const {
+        if (day == today_)
+            return text::worded("Today");
+        if (day == yesterday_)
+            return text::worded("Yesterday");
+        return calendar_.year(day) == year_ ? calendar_.weekdayAndDate(day)
+                                            : calendar_.dateWithYear(day);
+    }
+
+private:
+    const text::Calendar& calendar_;
+    Instant today_;
+    Instant yesterday_;
+    int year_;
+};
 
 } // namespace
 
@@ -56,13 +69,14 @@ std::vector<LinkDay> LinkDay::group(std::vector<SavedLink> links, Instant now,
         byTime.push_back({0, link.createdAt, &link});
     sort(byTime);
     const text::Calendar calendar(timeZone);
+    const Labels labels(calendar, now);
     std::vector<LinkDay> days;
     for (auto begin = byTime.begin(); begin != byTime.end();) {
         const Instant start = calendar.startOfDay(begin->createdAt);
         const auto end = std::find_if(begin + 1, byTime.end(), [&](const Ranked& each) {
             return each.createdAt < start && calendar.startOfDay(each.createdAt) != start;
         });
-        days.push_back({start, labelOf(calendar, start, now), taken(begin, end)});
+        days.push_back({start, labels.of(start), taken(begin, end)});
         begin = end;
     }
     return days;

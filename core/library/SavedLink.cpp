@@ -1,6 +1,7 @@
 #include "core/library/SavedLink.h"
 
 #include "core/text/Characters.h"
+#include "core/text/PlainAddress.h"
 #include "core/text/WebAddress.h"
 
 #include <algorithm>
@@ -79,6 +80,14 @@ bool areSurelyNormal(const std::vector<std::string>& tags) noexcept {
     return true;
 }
 
+std::string hostOf(const std::string& url) {
+    // Nearly every stored address: its host is read off.
+    if (const auto plain = addresses::scanPlain(url))
+        return url.substr(plain->hostBegin, plain->hostEnd - plain->hostBegin);
+    const auto address = WebAddress::parse(url);
+    return address ? std::string(address->host()) : std::string();
+}
+
 } // namespace
 
 std::string_view storedValue(LinkImportance importance) noexcept {
@@ -129,10 +138,9 @@ std::vector<std::string> SavedLink::parseTags(std::string_view text) {
 }
 
 std::string SavedLink::domain() const {
-    const auto address = WebAddress::parse(url);
-    if (!address || address->host().empty())
+    std::string host = hostOf(url);
+    if (host.empty())
         return url;
-    std::string host(address->host());
     for (auto at = host.find(hostLabel); at != std::string::npos; at = host.find(hostLabel, at))
         host.erase(at, hostLabel.size());
     return host;

@@ -14,9 +14,8 @@ namespace {
 class TagCounts {
 public:
     void add(const std::string& tag) {
-        folded_.clear();
-        text::appendFolded(folded_, tag);
-        const auto [place, isNew] = places_.try_emplace(folded_, counts_.size());
+        const auto [place, isNew] =
+            places_.try_emplace(std::string(room_.folded(tag)), counts_.size());
         if (isNew)
             counts_.push_back({tag, 0});
         ++counts_[place->second].count;
@@ -26,7 +25,7 @@ public:
 
 private:
     std::unordered_map<std::string, std::size_t> places_; ///< of each folded tag
-    std::string folded_;
+    text::FoldRoom room_;
     std::vector<TagSummary> counts_;
 };
 

@@ -104,18 +104,12 @@ void LinkQuery::addTerm(std::string_view term) {
         isImpossible_ = true;
 }
 
-std::string_view LinkQuery::folded(std::string_view text) {
-    folded_.clear();
-    text::appendFolded(folded_, text, rule_);
-    return folded_;
-}
-
 bool LinkQuery::isIn(std::string_view text, const TermFinder& finder) {
     if (text.empty())
         return false;
     const auto answer = finder.lookInto(text);
     if (answer == TermFinder::Answer::needsFold)
-        return finder.isInFolded(folded(text));
+        return finder.isInFolded(room_.folded(text, rule_));
     return answer == TermFinder::Answer::found;
 }
 
@@ -125,8 +119,9 @@ bool LinkQuery::isInTag(const SearchedTexts& texts, const TermFinder& finder) {
 }
 
 bool LinkQuery::isTag(const SearchedTexts& texts, const TermFinder& finder) {
-    return std::ranges::any_of(
-        texts.tags, [&](const std::string& tag) { return folded(tag) == finder.term(); });
+    return std::ranges::any_of(texts.tags, [&](const std::string& tag) {
+        return room_.folded(tag, rule_) == finder.term();
+    });
 }
 
 bool LinkQuery::isAnywhere(const SearchedTexts& texts, const Term& term) {
@@ -162,7 +157,7 @@ std::optional<int> LinkQuery::score(const SearchedTexts& texts) {
         return 0;
     if (!hasEveryTerm(texts))
         return std::nullopt;
-    const std::string title(folded(texts.title));
+    const std::string title(room_.folded(texts.title, rule_));
     int sum = baseScore(title, query_);
     for (const Term& term : terms_)
         sum += termScore(texts, title, term);

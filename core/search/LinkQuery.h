@@ -45,7 +45,6 @@ private:
     };
 
     void addTerm(std::string_view term);
-    [[nodiscard]] std::string_view folded(std::string_view text);
     [[nodiscard]] bool isIn(std::string_view text, const TermFinder& finder);
     [[nodiscard]] bool isInTag(const SearchedTexts& texts, const TermFinder& finder);
     [[nodiscard]] bool isTag(const SearchedTexts& texts, const TermFinder& finder);
@@ -59,7 +58,7 @@ private:
     /// The longest first: most links lack it, and are done with.
     std::vector<Term> terms_;
     bool isImpossible_ = false; ///< it asks for a tag without a name
-    std::string folded_;        ///< of one text at a time
+    text::FoldRoom room_;
 };
 
 } // namespace brinmoor

@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// The plain case, which is nearly every saved address: it needs neither repair nor the strict
-/// parser. Used by the address sources only.
+/// parser.
 namespace brinmoor::addresses {
 
 /// Where the parts of a plain address lie.

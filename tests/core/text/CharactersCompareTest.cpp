@@ -1,7 +1,13 @@
 #include "core/text/Characters.h"
 #include "core/text/Fold.h"
+#include "tests/core/Generated.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <vector>
 
 namespace brinmoor::text {
 namespace {
@@ -38,6 +44,37 @@ TEST_F(CompareNames, aLocaleThatStandsForNoneIsTheRoot) {
         setUserLocale(locale);
         EXPECT_LT(compareNames("a", "B"), 0) << locale;
         EXPECT_LT(compareNames("tag2", "tag10"), 0) << locale;
+    }
+}
+
+using OrderOfNames = UserLocale;
+
+TEST_F(OrderOfNames, givesThePlacesOfTheNames) {
+    EXPECT_TRUE(orderOfNames({}).empty());
+    const std::vector<std::string_view> names{"tag10", "café", "Tag2", "cafe", "tag2", "cafe"};
+    EXPECT_EQ(orderOfNames(names), (std::vector<std::size_t>{3, 5, 1, 4, 2, 0}));
+}
+
+TEST_F(OrderOfNames, isThatOfTheComparison) {
+    const std::vector<std::string> pieces{"a",       "A",          "b",    "1", "2", "10", "é",
+                                          "e\u0301", "-",          " ",    "ß", "ö", "z",  "日",
+                                          "\u200D",  "\U0001F600", "\xC3", "i", "ı", "İ",  ""};
+    for (const char* locale : {"", "sv_SE.UTF-8", "tr_TR.UTF-8", "ja_JP.UTF-8", "zh_CN.UTF-8"}) {
+        setUserLocale(locale);
+        tests::forSeeds(500, [&](tests::Generated& generated) {
+            std::vector<std::string> names(generated.below(30));
+            for (std::string& name : names)
+                name = generated.textOf(pieces, generated.oneIn(9) ? 80 : 5);
+            if (!names.empty() && generated.oneIn(3))
+                names.back() += std::string("\0x", 2);
+            const std::vector<std::string_view> views(names.begin(), names.end());
+            std::vector<std::size_t> expected(names.size());
+            std::iota(expected.begin(), expected.end(), std::size_t{0});
+            std::ranges::stable_sort(expected, [&](std::size_t a, std::size_t b) {
+                return compareNames(views[a], views[b]) < 0;
+            });
+            EXPECT_EQ(orderOfNames(views), expected) << locale;
+        });
     }
 }
 
