@@ -4,6 +4,7 @@
 #include "core/text/Characters.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_map>
 
 namespace brinmoor {
@@ -13,6 +14,16 @@ namespace {
 /// The tags in the order in which they are met first.
 class TagCounts {
 public:
+    void addTagsOf(const SavedLink& link) {
+        tags_ = link.tags;
+        tags_ = SavedLink::normalizedTags(std::move(tags_));
+        for (const std::string& tag : tags_)
+            add(tag);
+    }
+
+    std::vector<TagSummary> take() { return std::move(counts_); }
+
+private:
     void add(const std::string& tag) {
         const auto [place, isNew] =
             places_.try_emplace(std::string(room_.folded(tag)), counts_.size());
@@ -21,11 +32,9 @@ public:
         ++counts_[place->second].count;
     }
 
-    std::vector<TagSummary> take() { return std::move(counts_); }
-
-private:
     std::unordered_map<std::string, std::size_t> places_; ///< of each folded tag
     text::FoldRoom room_;
+    std::vector<std::string> tags_; ///< of one link at a time
     std::vector<TagSummary> counts_;
 };
 
@@ -48,13 +57,15 @@ std::string TagSummary::id() const {
 
 std::vector<TagSummary> TagSummary::summarize(const std::vector<SavedLink>& links) {
     TagCounts counts;
-    std::vector<std::string> tags;
-    for (const SavedLink& link : links) {
-        tags = link.tags;
-        tags = SavedLink::normalizedTags(std::move(tags));
-        for (const std::string& tag : tags)
-            counts.add(tag);
-    }
+    for (const SavedLink& link : links)
+        counts.addTagsOf(link);
+    return sorted(counts.take(), TagSummarySortOrder::alphabetical);
+}
+
+std::vector<TagSummary> TagSummary::summarize(std::span<const SavedLink* const> links) {
+    TagCounts counts;
+    for (const SavedLink* link : links)
+        counts.addTagsOf(*link);
     return sorted(counts.take(), TagSummarySortOrder::alphabetical);
 }
 

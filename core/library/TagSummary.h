@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,8 @@ struct TagSummary {
     /// The tags of the links, by name under the user's locale. Two spellings of one tag in one link
     /// count twice.
     [[nodiscard]] static std::vector<TagSummary> summarize(const std::vector<SavedLink>& links);
+    /// The same of some links of a library.
+    [[nodiscard]] static std::vector<TagSummary> summarize(std::span<const SavedLink* const> links);
 
     /// Summaries that tie keep their order.
     [[nodiscard]] static std::vector<TagSummary> sorted(std::vector<TagSummary> list,

@@ -87,10 +87,10 @@ std::vector<LinkDay> LibraryFilter::days(const std::vector<SavedLink>& links, In
 }
 
 std::vector<TagSummary> LibraryFilter::tagSummaries(const std::vector<SavedLink>& links) const {
-    std::vector<SavedLink> inScope;
+    std::vector<const SavedLink*> inScope;
     for (const SavedLink& link : links)
         if (isInScope(link))
-            inScope.push_back(link);
+            inScope.push_back(&link);
     return TagSummary::summarize(inScope);
 }
 

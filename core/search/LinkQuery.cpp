@@ -3,6 +3,7 @@
 #include "core/text/Characters.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace brinmoor {
 
