@@ -168,6 +168,10 @@ int main() {
     openTabs(browser);
     if (!testing::eventually([] { return countOfOpen() > windows * tabsOfAWindow; }, 120s))
         giveUp("the tabs don't open");
+    // Pages that still load would be measured too.
+    if (!testing::eventually(
+            [&] { return browser.call("tabs.query", R"([{"status":"loading"}])") == "[]"; }, 240s))
+        giveUp("the pages don't load");
     measure(browser);
     measureClosing();
 }

@@ -11,6 +11,7 @@ export class Browser {
         this.safari = safariFamily.includes(id);
         this.hosts = null;
         this.view = null;
+        this.viewIsUnread = false;
         this.lastRequest = 0;
     }
 
@@ -22,6 +23,7 @@ export class Browser {
     }
 
     ask(host, request, fields) {
+        this.viewIsUnread = false;
         const id = ++this.lastRequest;
         const message = Object.assign({ id: id, protocol: protocol, request: request }, fields);
         const text = this.bridge.exchange(host, JSON.stringify(message));
@@ -83,7 +85,16 @@ export class Browser {
             Number(a.minimized) - Number(b.minimized) ||
             Number(b.focused) - Number(a.focused) ||
             b.focusTime - a.focusTime);
+        this.viewIsUnread = true;
         return this.view;
+    }
+
+    // For the tabs of one window: a view of which nobody has read any tabs and that is the last
+    // thing the browser was asked for tells how they are now.
+    readTabs() {
+        if (!this.viewIsUnread)
+            this.read();
+        this.viewIsUnread = false;
     }
 
     current() {

@@ -111,7 +111,7 @@ export function install(bridge) {
         }
 
         freshRecord() {
-            this.browser.read();
+            this.browser.readTabs();
             return this.record();
         }
 

@@ -112,8 +112,25 @@ TEST_F(Tool, readsATabAfreshWhenItIsTakenByItsPlace) {
 
 TEST_F(Tool, readsIdentifiersAfreshEachTime) {
     SimulatedBrowser browser(runtime.path(), {}, windows);
-    (void)value(chromium, "[app.windows.id(), app.windows.id(), app.windows[0].tabs.id()]");
-    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows", "windows", "windows"));
+    (void)value(chromium, "[app.windows.id(), app.windows.id()]");
+    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows", "windows"));
+    (void)value(chromium, "[app.windows[0].tabs.id(), app.windows[0].tabs.id()]");
+    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows", "windows"));
+}
+
+TEST_F(Tool, readsTheTabsOfAViewThatWasOnlyJustTaken) {
+    SimulatedBrowser browser(runtime.path(), {}, windows);
+    (void)value(chromium, "[app.windows.id(), app.windows[0].tabs.id()]");
+    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows"));
+}
+
+TEST_F(Tool, readsTabsAnewOnceAnythingElseWasAsked) {
+    SimulatedBrowser browser(runtime.path(), {}, windows);
+    (void)value(chromium,
+                "[app.windows.id(), app.windows[0].tabs[0].url(), app.windows[0].tabs.id()]");
+    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows", "tab", "windows"));
+    (void)value(chromium, "(() => { const w = app.windows[0]; w.index = 1; w.tabs.id(); })()");
+    EXPECT_THAT(browser.takeRequests(), ElementsAre("windows", "focusWindow", "windows"));
 }
 
 TEST_F(Tool, selectsATabAndBringsItsWindowForward) {
