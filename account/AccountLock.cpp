@@ -18,7 +18,8 @@ using Cause = AccountFailure::Cause;
 /// The error of making it; none when it is there.
 std::error_code makeFolder(const std::filesystem::path& folder) {
     std::error_code error;
-    std::filesystem::create_directories(folder.parent_path(), error);
+    if (folder.has_parent_path())
+        std::filesystem::create_directories(folder.parent_path(), error);
     if (error)
         return error;
     if (::mkdir(folder.c_str(), S_IRWXU) == 0 || std::filesystem::is_directory(folder, error))
