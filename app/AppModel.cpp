@@ -114,7 +114,7 @@ void AppModel::say(std::string_view title, std::string_view message, Tone tone) 
             .clipboardURL = {}});
 }
 
-void AppModel::notify(CaptureNotice notice) {
+void AppModel::notify(const CaptureNotice& notice) {
     toast_ = notice;
     Q_EMIT toastChanged();
     if (showToast)

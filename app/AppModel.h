@@ -97,7 +97,7 @@ public:
     Q_INVOKABLE void dismissError();
     [[nodiscard]] const std::optional<CaptureNotice>& toast() const noexcept { return toast_; }
     /// Shows a passing notice; a newer one replaces an older one at once.
-    void notify(CaptureNotice notice);
+    void notify(const CaptureNotice& notice);
     /// Forgets the notice that is showing.
     void dismissToast();
 

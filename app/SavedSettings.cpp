@@ -13,7 +13,7 @@ std::vector<std::string> decodeTexts(const std::string& bytes) {
     const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(bytes));
     std::vector<std::string> texts;
     const QJsonArray array = document.array();
-    for (const QJsonValue& value : array) {
+    for (const auto& value : array) {
         if (!value.isString())
             return {};
         texts.push_back(value.toString().toStdString());

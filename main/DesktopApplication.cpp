@@ -10,7 +10,7 @@ namespace {
 const QString busName = QStringLiteral("app.brinmoor.mac");
 const QString objectPath = QStringLiteral("/app/brinmoor/mac");
 
-void bringForward(QDBusConnection bus) {
+void bringForward(const QDBusConnection& bus) {
     auto message = QDBusMessage::createMethodCall(busName, objectPath,
                                                   QStringLiteral("org.freedesktop.Application"),
                                                   QStringLiteral("Activate"));

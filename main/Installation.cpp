@@ -11,7 +11,7 @@ namespace {
 QString found(const QStringList& places, const QString& name) {
     const QDir folder(QCoreApplication::applicationDirPath());
     for (const QString& place : places) {
-        const QString path = QDir::cleanPath(folder.filePath(place + u'/' + name));
+        QString path = QDir::cleanPath(folder.filePath(place + u'/' + name));
         if (QFileInfo::exists(path))
             return path;
     }

@@ -2,15 +2,55 @@ import QtQuick
 import QtQuick.Dialogs
 
 // Asks for a backup file: one that exists, or a place to write to.
-FileDialog {
-    id: dialog
+QtObject {
+    id: question
+
+    required property int fileMode
+    required property url currentFolder
+    property url selectedFile
+    // The window to which the dialog belongs, if one is open.
+    property Window owner
+    readonly property bool visible: dialog.visible
 
     signal answered(file: url)
     signal cancelled()
 
-    nameFilters: ["JSON (*.json)"]
-    defaultSuffix: "json"
+    function ask(): void {
+        dialog.fileMode = question.fileMode;
+        dialog.currentFolder = question.currentFolder;
+        if (question.selectedFile.toString() !== "")
+            dialog.selectedFile = question.selectedFile;
+        if (question.owner)
+            dialog.parentWindow = question.owner;
+        dialog.open();
+        if (dialog.visible)
+            return;
+        // The desktop has no dialog of its own, and Qt's needs a window to be drawn in.
+        host.show();
+        dialog.parentWindow = host;
+        dialog.open();
+    }
 
-    onAccepted: dialog.answered(dialog.selectedFile)
-    onRejected: dialog.cancelled()
+    function accept(): void {
+        dialog.accept();
+    }
+
+    function cancel(): void {
+        dialog.reject();
+    }
+
+    readonly property FileDialog dialog: FileDialog {
+        nameFilters: ["JSON (*.json)"]
+        defaultSuffix: "json"
+
+        onAccepted: question.answered(dialog.selectedFile)
+        onRejected: question.cancelled()
+    }
+
+    readonly property Window host: Window {
+        title: question.dialog.title
+        width: 720
+        height: 520
+        onClosing: question.dialog.reject()
+    }
 }

@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickWindow>
 #include <QStandardPaths>
-#include <QWindow>
 
 #include <utility>
 
@@ -43,7 +43,7 @@ void QuickFileDialogs::chooseToWrite(const std::string& suggestedName, Chosen ch
 
 void QuickFileDialogs::show(const QVariantMap& properties, Chosen chosen) {
     if (dialog_) {
-        QMetaObject::invokeMethod(dialog_.get(), "open");
+        QMetaObject::invokeMethod(dialog_.get(), "ask");
         chosen(std::nullopt);
         return;
     }
@@ -55,12 +55,12 @@ void QuickFileDialogs::show(const QVariantMap& properties, Chosen chosen) {
         return;
     }
     chosen_ = std::move(chosen);
-    dialog_->setProperty("parentWindow",
-                         QVariant::fromValue<QObject*>(QGuiApplication::focusWindow()));
+    if (auto* owner = qobject_cast<QQuickWindow*>(QGuiApplication::focusWindow()))
+        dialog_->setProperty("owner", QVariant::fromValue(owner));
     // Signals of a QML type have no address.
     connect(dialog_.get(), SIGNAL(answered(QUrl)), this, SLOT(accept(QUrl)));
     connect(dialog_.get(), SIGNAL(cancelled()), this, SLOT(cancel()));
-    QMetaObject::invokeMethod(dialog_.get(), "open");
+    QMetaObject::invokeMethod(dialog_.get(), "ask");
 }
 
 void QuickFileDialogs::accept(const QUrl& file) {

@@ -34,7 +34,7 @@ QImage softenedAndTurned(const QImage& image, const std::vector<float>& weights)
             float sum = 0;
             for (int at = std::max(0, x - reach); at <= std::min(image.width() - 1, x + reach);
                  ++at)
-                sum += weights[std::size_t(at - x + reach)] * float(row[at]);
+                sum += weights[std::size_t(at + reach - x)] * float(row[at]);
             result.scanLine(x)[y] = uchar(std::lround(sum));
         }
     }
@@ -86,7 +86,7 @@ struct Edge {
 
 /// How one side of the cut picture becomes the whole: both ends as they are, the middle stretched.
 Edge stretched(int cut, double whole) {
-    const double end = cut / 2;
+    const double end = cut / 2; // NOLINT(bugprone-integer-division): whole pixels
     return {{0, end, cut - end, double(cut)}, {0, end, whole - end, whole}};
 }
 

@@ -39,7 +39,7 @@ bool followLinks(FileSystem& system, std::string& path) {
     for (int followed = 0; followed < mostLinks; ++followed) {
         if (system.readLink(path, target) != 0)
             return true;
-        path = target.starts_with('/') ? target : folderOf(path) + '/' + target;
+        path = target.starts_with('/') ? target : folderOf(path).append("/").append(target);
     }
     errno = ELOOP;
     return false;

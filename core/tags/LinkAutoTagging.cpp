@@ -175,6 +175,7 @@ std::vector<std::string> suggestions(const SavedLink& link, const std::vector<Sa
     std::vector<Candidate> candidates = scored(signals);
     rank(candidates, signals.tags, static_cast<std::size_t>(limit));
     std::vector<std::string> names;
+    names.reserve(candidates.size());
     for (const Candidate& candidate : candidates)
         names.push_back(brinmoor::apply(signals.tags.style(), signals.tags.name(candidate.tag)));
     return names;

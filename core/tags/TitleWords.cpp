@@ -32,10 +32,9 @@ bool isAscii(std::string_view text) noexcept {
 
 constexpr std::array<bool, 128> asciiTokenCharacters = [] {
     std::array<bool, 128> belongs{};
-    for (char unit = 0; unit >= 0 && unit < 127; ++unit)
-        belongs[static_cast<std::size_t>(unit)] = (unit >= 'a' && unit <= 'z') ||
-                                                  (unit >= 'A' && unit <= 'Z') ||
-                                                  (unit >= '0' && unit <= '9');
+    for (unsigned unit = 0; unit < 127; ++unit)
+        belongs[unit] = (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
+                        (unit >= '0' && unit <= '9');
     return belongs;
 }();
 

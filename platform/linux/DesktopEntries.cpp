@@ -89,7 +89,9 @@ std::optional<std::string> DesktopEntries::nameInEntry(const std::string& entry)
     if (entry.empty() || entry.find('/') != std::string::npos)
         return std::nullopt;
     for (const auto& folder : folders_) {
-        if (auto name = readEntry(folder + "/" + entry + ".desktop").name)
+        std::string file = folder;
+        file.append("/").append(entry).append(".desktop");
+        if (auto name = readEntry(file).name)
             return name;
     }
     return std::nullopt;

@@ -64,7 +64,8 @@ std::optional<std::uint32_t> idOf(const QString& shortcut) {
 
 /// Calls `failed` on the main thread when the call itself is answered by an error.
 template <class Failed>
-void callPortal(QDBusConnection bus, const QDBusMessage& message, QObject* context, Failed failed) {
+void callPortal(const QDBusConnection& bus, const QDBusMessage& message, QObject* context,
+                Failed failed) {
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                      [watcher, failed = std::move(failed)] {
@@ -266,7 +267,7 @@ void PortalHotKeys::loseAll() {
 /// The path of the answer is known from the token, so that none can be missed.
 QString PortalHotKeys::listenForAnswer(const char* slot) {
     stopListening();
-    const auto token =
+    auto token =
         QStringLiteral("brinmoor%1_%2").arg(QRandomGenerator::global()->generate()).arg(++tokens_);
     auto sender = bus_.baseService().mid(1);
     sender.replace(u'.', u'_');

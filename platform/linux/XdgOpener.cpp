@@ -32,7 +32,7 @@ bool hasFileManager(const QDBusConnection& bus) {
     return activatable.isValid() && activatable.value().contains(fileManager);
 }
 
-void showInFileManager(QDBusConnection bus, const QString& file) {
+void showInFileManager(const QDBusConnection& bus, const QString& file) {
     auto message =
         QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
                                        fileManager, QStringLiteral("ShowItems"));
