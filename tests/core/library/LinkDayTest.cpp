@@ -1,10 +1,15 @@
 #include "core/library/LinkDay.h"
 
+#include "core/text/Calendar.h"
 #include "core/text/Fold.h"
+#include "tests/core/Generated.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
+#include <map>
 #include <random>
 
 namespace brinmoor {
@@ -120,6 +125,31 @@ TEST_F(LinkDayGroup, sortsEachDayNewestFirstAndKeepsEqualTimesInOrder) {
     ASSERT_EQ(days.size(), 2U);
     EXPECT_THAT(days[0].links, ElementsAre(links[2], links[0], links[3], links[4]));
     EXPECT_THAT(days[1].links, ElementsAre(links[1]));
+}
+
+TEST_F(LinkDayGroup, isTheGroupingOfEachLinkByItsOwnDay) {
+    tests::forSeeds(60, [](tests::Generated& generated) {
+        const std::string zone = generated.oneOf(std::vector<std::string>{
+            "", "America/New_York", "Asia/Kathmandu", "Pacific/Apia", "America/Sao_Paulo"});
+        const text::Calendar calendar(zone);
+        std::map<Instant, std::vector<SavedLink>, std::greater<>> expected;
+        std::vector<SavedLink> links;
+        for (std::size_t left = generated.below(300); left > 0; --left) {
+            // Around the end of 2011, when Apia left a day out; often at equal times.
+            const double hours = static_cast<double>(generated.below(2000));
+            links.push_back(
+                savedAt({utc(2011, 11, 20).seconds + hours * 1800}, std::to_string(left)));
+            expected[calendar.startOfDay(links.back().createdAt)].push_back(links.back());
+        }
+        const auto days = LinkDay::group(links, utc(2012, 1, 1), zone);
+        ASSERT_EQ(days.size(), expected.size());
+        auto day = days.begin();
+        for (auto& [start, members] : expected) {
+            std::ranges::stable_sort(members, std::ranges::greater(), &SavedLink::createdAt);
+            EXPECT_EQ(day->id, start) << zone;
+            EXPECT_EQ((day++)->links, members) << zone;
+        }
+    });
 }
 
 TEST_F(LinkDayGroup, losesNoLinkWhateverItsTime) {
