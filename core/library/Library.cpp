@@ -1,5 +1,6 @@
 #include "core/library/Library.h"
 
+#include "core/library/LargeMemory.h"
 #include "core/search/LinkSearch.h"
 #include "core/text/AddressIdentity.h"
 #include "core/text/Characters.h"
@@ -50,12 +51,11 @@ void dropKnown(std::vector<Candidate>& incoming, const std::vector<SavedLink>& l
     for (const Candidate& candidate : incoming)
         wanted.insert(candidate.identity);
     std::unordered_set<std::string_view> known;
-    std::string identity;
-    for (const SavedLink& link : links) {
-        addresses::writeIdentity(link.url, identity);
-        if (const auto found = wanted.find(identity); found != wanted.end())
+    std::string room;
+    for (const SavedLink& link : links)
+        if (const auto found = wanted.find(addresses::identityOf(link.url, room));
+            found != wanted.end())
             known.insert(*found);
-    }
     std::erase_if(incoming,
                   [&](const Candidate& candidate) { return known.contains(candidate.identity); });
 }
@@ -86,9 +86,9 @@ std::optional<WebAddress> Library::validatedURL(std::string_view text) {
 }
 
 std::string Library::identity(std::string_view text) {
-    std::string result;
-    addresses::writeIdentity(text, result);
-    return result;
+    std::string room;
+    const std::string_view identity = addresses::identityOf(text, room);
+    return identity.data() == room.data() ? std::move(room) : std::string(identity);
 }
 
 std::size_t Library::insert(std::vector<SavedLink> incoming) {
@@ -98,6 +98,7 @@ std::size_t Library::insert(std::vector<SavedLink> incoming) {
     dropKnown(accepted, links);
     std::vector<SavedLink> front;
     front.reserve(accepted.size() + links.size());
+    expectFullUse(front.data(), front.capacity() * sizeof(SavedLink));
     for (Candidate& candidate : accepted) {
         SavedLink& link = candidate.link;
         if (text::trimmed(link.title).empty())
@@ -117,10 +118,9 @@ bool Library::saveAnnotated(const SavedLink& link) {
     if (!validatedURL(link.url))
         return false;
     const std::string wanted = identity(link.url);
-    std::string present;
+    std::string room;
     const auto stored = std::find_if(links.begin(), links.end(), [&](const SavedLink& candidate) {
-        addresses::writeIdentity(candidate.url, present);
-        return present == wanted;
+        return addresses::identityOf(candidate.url, room) == wanted;
     });
     if (stored == links.end()) {
         SavedLink copy = link;

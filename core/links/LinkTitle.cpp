@@ -42,11 +42,18 @@ bool containsAny(std::string_view text, const auto& parts) {
         parts, [&](std::string_view part) { return text.find(part) != std::string_view::npos; });
 }
 
-/// Whether a byte can be one of a white space character other than the blank: a control character
-/// or the first byte of a longer one.
-bool mayBelongToSpace(unsigned char unit) noexcept {
-    return unit < 0x20 || unit == 0xC2 || (unit >= 0xE1 && unit <= 0xE3);
-}
+enum UnitOfTitle : unsigned char { plainUnit = 0, blankUnit = 1, doubtfulUnit = 2 };
+
+/// Doubtful is what can be a byte of a white space character other than the blank: a control
+/// character or the first byte of a longer one.
+constexpr std::array<unsigned char, 256> unitsOfTitle = [] {
+    std::array<unsigned char, 256> kinds{};
+    for (std::size_t unit = 0; unit < kinds.size(); ++unit)
+        if (unit < 0x20 || unit == 0xC2 || (unit >= 0xE1 && unit <= 0xE3))
+            kinds[unit] = doubtfulUnit;
+    kinds[' '] = blankUnit;
+    return kinds;
+}();
 
 /// The lower case as far as the rules about generic titles can see it. They hold no letter but
 /// those of ASCII, and only two others have one of these as their lower case: "İ" and the Kelvin
@@ -116,14 +123,15 @@ std::string clean(std::string_view title) {
 bool isSurelyClean(std::string_view title) noexcept {
     if (title.empty() || title.size() > longestTitle || title.back() == ' ')
         return title.empty();
-    bool wasBlank = true;
+    // Without branches: where the blanks stand can't be foretold.
+    unsigned found = 0;
+    unsigned before = blankUnit;
     for (const char unit : title) {
-        const bool isBlank = unit == ' ';
-        if ((isBlank && wasBlank) || mayBelongToSpace(static_cast<unsigned char>(unit)))
-            return false;
-        wasBlank = isBlank;
+        const unsigned kind = unitsOfTitle[static_cast<unsigned char>(unit)];
+        found |= (kind & doubtfulUnit) | (kind & before);
+        before = kind;
     }
-    return true;
+    return found == 0;
 }
 
 bool isGeneric(std::string_view title) {

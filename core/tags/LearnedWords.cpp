@@ -23,12 +23,25 @@ std::size_t byteAt(std::string_view text, std::size_t at) {
     return static_cast<unsigned char>(text[at]);
 }
 
+constexpr std::uint64_t anything = ~std::uint64_t{0};
+
+std::uint64_t bitOf(std::string_view text, std::size_t at) {
+    return std::uint64_t{1} << (byteAt(text, at) & 63U);
+}
+
+/// Which bytes stand second and third. Where characters have more than one byte, no telling.
+std::uint64_t beginningOf(std::string_view word) {
+    if (word.size() < 3 || ((byteAt(word, 0) | byteAt(word, 1) | byteAt(word, 2)) & 0x80U) != 0)
+        return anything;
+    return bitOf(word, 1) | bitOf(word, 2);
+}
+
 } // namespace
 
 LearnedWords::LearnedWords(const std::vector<Word>& titleWords)
-    : titleWords_(titleWords), firstBytes_(256, false) {
+    : titleWords_(titleWords), beginnings_{} {
     for (const Word& word : titleWords)
-        firstBytes_[byteAt(word.text, 0)] = true;
+        beginnings_[byteAt(word.text, 0)] |= beginningOf(word.text);
 }
 
 void LearnedWords::observe(const SavedLink& example, const std::vector<TagNumber>& tags) {
@@ -59,7 +72,7 @@ void LearnedWords::hear(std::string_view foldedTitle) {
     std::size_t at = 0;
     for (auto token = nextToken(foldedTitle, at); !token.empty();
          token = nextToken(foldedTitle, at)) {
-        if (!firstBytes_[byteAt(token, 0)])
+        if (!mayMatch(token))
             continue;
         const StemNumber stem = stemNumber(token);
         if (stem == unheard || stems_[stem].lastExample == example_)
@@ -82,6 +95,12 @@ void LearnedWords::count(const std::vector<TagNumber>& tags) {
         for (const TagNumber tag : tags_)
             ++stems_[stem].tags[tag];
     }
+}
+
+/// Words that match have the same first character, and one edit can't change the next two so much
+/// that none of them is left; stems keep the first three. False is certain.
+bool LearnedWords::mayMatch(std::string_view token) const noexcept {
+    return (beginnings_[byteAt(token, 0)] & beginningOf(token)) != 0;
 }
 
 LearnedWords::StemNumber LearnedWords::stemNumber(std::string_view token) {

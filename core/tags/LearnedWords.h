@@ -4,6 +4,7 @@
 #include "core/tags/TextNumbers.h"
 #include "core/tags/TitleWords.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -40,13 +41,14 @@ private:
 
     [[nodiscard]] bool isWorthReading(const SavedLink& example);
     void hear(std::string_view foldedTitle);
+    [[nodiscard]] bool mayMatch(std::string_view token) const noexcept;
     StemNumber stemNumber(std::string_view token);
     StemNumber newStemNumber(std::string_view token);
     bool isInTitle(const Word& stem) const;
     void count(const std::vector<TagNumber>& tags);
 
     const std::vector<Word>& titleWords_;
-    std::vector<bool> firstBytes_; ///< of the title's words: a word that matches has one of them
+    std::array<std::uint64_t, 256> beginnings_; ///< of words that can match, see mayMatch
     TextNumbers tokens_;
     std::vector<StemNumber> stemOfToken_;
     TextNumbers stemTexts_;

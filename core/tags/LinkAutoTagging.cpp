@@ -82,12 +82,13 @@ void observeExamples(Signals& signals, const SavedLink& link,
                      const std::vector<SavedLink>& examples) {
     TextNumbers seen;
     seen.reserve(examples.size() + 1);
-    std::string identity;
+    std::string room;
     const auto isNew = [&](const std::string& url) {
-        addresses::writeIdentity(url, identity);
-        if (identity == url)
-            return seen.add(url, TextNumbers::Storage::borrowed).second;
-        return seen.add(identity, TextNumbers::Storage::copied).second;
+        const std::string_view identity = addresses::identityOf(url, room);
+        const bool isUrl = identity.data() == url.data();
+        return seen
+            .add(identity, isUrl ? TextNumbers::Storage::borrowed : TextNumbers::Storage::copied)
+            .second;
     };
     (void)isNew(link.url);
     for (const SavedLink& example : examples) {

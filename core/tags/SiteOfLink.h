@@ -14,12 +14,11 @@ public:
     explicit Site(const SavedLink& link);
 
     /// Whether the folded domain of `link` is that of the site.
-    [[nodiscard]] bool holds(const SavedLink& link);
+    [[nodiscard]] bool holds(const SavedLink& link) const;
 
 private:
     std::string foldedDomain_;
-    std::string host_; ///< kept for its room
-    bool isHost_;      ///< not the text of something that is no address
+    bool isHost_; ///< not the text of something that is no address
 };
 
 /// Whether `foldedTitle` can begin with the folded domain of `link`; false is certain. `host` is

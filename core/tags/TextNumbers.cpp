@@ -2,16 +2,47 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
+#include <cstring>
 
 namespace brinmoor::LinkAutoTagging {
 namespace {
 
 constexpr std::size_t fewestSlots = 64;
 
+constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15U;
+
+template <class Word>
+std::uint64_t wordAt(const char* from) noexcept {
+    Word word;
+    std::memcpy(&word, from, sizeof word);
+    return word;
+}
+
+/// The text's last bytes, up to 8.
+std::uint64_t lastWord(const char* from, std::size_t size) noexcept {
+    if (size >= 8)
+        return wordAt<std::uint64_t>(from + size - 8);
+    if (size >= 4)
+        return wordAt<std::uint32_t>(from) << 32 | wordAt<std::uint32_t>(from + size - 4);
+    std::uint64_t word = 0;
+    for (std::size_t at = 0; at < size; ++at)
+        word = word << 8 | static_cast<unsigned char>(from[at]);
+    return word;
+}
+
+constexpr std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
+    hash = (hash ^ word) * multiplier;
+    return hash ^ (hash >> 32);
+}
+
 std::uint32_t hashOf(std::string_view text) noexcept {
-    const std::uint64_t hash = std::hash<std::string_view>{}(text);
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+    std::uint64_t hash = text.size();
+    const char* from = text.data();
+    std::size_t left = text.size();
+    for (; left > 8; from += 8, left -= 8)
+        hash = mixed(hash, wordAt<std::uint64_t>(from));
+    hash = mixed(hash, lastWord(from, left));
+    return static_cast<std::uint32_t>(hash * multiplier >> 32);
 }
 
 } // namespace

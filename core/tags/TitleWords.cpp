@@ -30,23 +30,33 @@ bool isAscii(std::string_view text) noexcept {
                                [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
 }
 
-constexpr std::array<bool, 128> asciiTokenCharacters = [] {
-    std::array<bool, 128> belongs{};
-    for (unsigned unit = 0; unit < 127; ++unit)
-        belongs[unit] = (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
-                        (unit >= '0' && unit <= '9');
-    return belongs;
+enum class Unit : unsigned char { between, ofToken, ofLongerCharacter };
+
+constexpr std::array<Unit, 256> units = [] {
+    std::array<Unit, 256> kinds{};
+    for (std::size_t unit = 0; unit < kinds.size(); ++unit) {
+        const bool isLetter = (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z');
+        if (isLetter || (unit >= '0' && unit <= '9'))
+            kinds[unit] = Unit::ofToken;
+        else if (unit >= 0x80)
+            kinds[unit] = Unit::ofLongerCharacter;
+    }
+    return kinds;
 }();
 
-/// Whether the character at `at` belongs to a token; `next` is behind it.
-bool belongsToToken(std::string_view text, std::size_t at, std::size_t& next) noexcept {
-    const auto unit = static_cast<unsigned char>(text[at]);
-    next = at + 1;
-    if (unit < asciiTokenCharacters.size())
-        return asciiTokenCharacters[unit];
+/// Whether the longer character at `at` belongs to a token; `next` is behind it.
+bool longerBelongsToToken(std::string_view text, std::size_t at, std::size_t& next) noexcept {
     next = at;
     const char32_t character = text::nextCharacter(text, next);
     return text::isLetter(character) || text::isNumber(character);
+}
+
+/// Whether the character at `at` belongs to a token; `next` is behind it.
+inline bool belongsToToken(std::string_view text, std::size_t at, std::size_t& next) noexcept {
+    const Unit unit = units[static_cast<unsigned char>(text[at])];
+    next = at + 1;
+    return unit == Unit::ofLongerCharacter ? longerBelongsToToken(text, at, next)
+                                           : unit == Unit::ofToken;
 }
 
 bool hasAtLeast(std::string_view word, std::size_t characters) {

@@ -14,6 +14,7 @@ inline constexpr std::uint8_t inQuery = 8;  ///< query and fragment, without "%"
 inline constexpr std::uint8_t hexadecimal = 16;
 inline constexpr std::uint8_t digit = 32;
 inline constexpr std::uint8_t letter = 64;
+inline constexpr std::uint8_t inLowerHost = 128; ///< inHost but for the capitals
 
 consteval std::array<std::uint8_t, 256> characterClasses() {
     std::array<std::uint8_t, 256> classes{};
@@ -23,8 +24,10 @@ consteval std::array<std::uint8_t, 256> characterClasses() {
             entry = static_cast<std::uint8_t>(entry | flags);
         }
     };
-    constexpr unsigned everywhere = inHost | inPath | inQuery;
-    add("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", everywhere | inScheme | letter);
+    constexpr unsigned everywhere = inHost | inLowerHost | inPath | inQuery;
+    constexpr unsigned capital = inHost | inPath | inQuery;
+    add("abcdefghijklmnopqrstuvwxyz", everywhere | inScheme | letter);
+    add("ABCDEFGHIJKLMNOPQRSTUVWXYZ", capital | inScheme | letter);
     add("0123456789", everywhere | inScheme | digit | hexadecimal);
     add("abcdefABCDEF", hexadecimal);
     add("-.", everywhere | inScheme);

@@ -32,16 +32,20 @@ void writeIdentityThoroughly(std::string_view text, std::string& identity) {
 
 } // namespace
 
-void writeIdentity(std::string_view text, std::string& identity) {
+std::string_view identityOf(std::string_view text, std::string& room) {
     const auto plain = scanPlain(text);
     if (!plain) {
-        writeIdentityThoroughly(text, identity);
-        return;
+        writeIdentityThoroughly(text, room);
+        return room;
     }
-    identity.assign(text);
-    lower(identity, 0, plain->hostEnd);
-    if (plain->pathEnd - plain->pathBegin == 1)
-        identity.erase(plain->pathBegin, 1);
+    const bool isBare = plain->pathEnd - plain->pathBegin == 1;
+    if (!isBare && !plain->hasCapitals)
+        return text;
+    room.assign(text);
+    lower(room, 0, plain->hostEnd);
+    if (isBare)
+        room.erase(plain->pathBegin, 1);
+    return room;
 }
 
 } // namespace brinmoor::addresses

@@ -7,8 +7,9 @@
 
 namespace brinmoor::addresses {
 
-/// Writes what Library::identity gives into `identity`, whose storage is used again: every link of
-/// the library is asked at each save.
-void writeIdentity(std::string_view text, std::string& identity);
+/// What Library::identity gives: `text` itself if it is that, which nearly every saved address is,
+/// or else written into `room`, whose storage is used again. Every link of the library is asked at
+/// each save.
+[[nodiscard]] std::string_view identityOf(std::string_view text, std::string& room);
 
 } // namespace brinmoor::addresses

@@ -36,7 +36,15 @@ std::optional<PlainAddress> scanPlain(std::string_view text) noexcept {
     if (found.schemeEnd == 0 || text.size() > longestAddress)
         return std::nullopt;
     found.hostBegin = found.schemeEnd + 3;
-    found.hostEnd = found.pathBegin = skip(text, found.hostBegin, inHost);
+    found.hostEnd = skip(text, found.hostBegin, inLowerHost);
+    found.hasCapitals =
+        text.front() != 'h' ||
+        !text.substr(0, found.schemeEnd).ends_with(found.schemeEnd == 5 ? "ttps" : "ttp");
+    if (found.hostEnd < text.size() && is(text[found.hostEnd], inHost)) {
+        found.hasCapitals = true;
+        found.hostEnd = skip(text, found.hostEnd, inHost);
+    }
+    found.pathBegin = found.hostEnd;
     if (found.hostEnd == found.hostBegin)
         return std::nullopt;
     if (text.substr(found.hostEnd).starts_with(':')) {

@@ -16,6 +16,7 @@ struct PlainAddress {
     std::size_t pathBegin = 0; ///< behind the port
     std::size_t pathEnd = 0;
     std::size_t queryEnd = 0; ///< pathEnd when there is no query
+    bool hasCapitals = false; ///< in scheme or host
 };
 
 /// Absent unless `text` is http or https with a named host, no user, and only characters that
