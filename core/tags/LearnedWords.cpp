@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::int64_t fewestLinks = 2;
 constexpr double smallestConfidence = 0.6;
+constexpr std::size_t fewestCharacters = 4; ///< of words that match other than as a whole
 /// No text of so many bytes has more characters than a clean title keeps.
 constexpr std::size_t longestUncut = 180;
 
@@ -31,7 +32,7 @@ std::uint64_t bitOf(std::string_view text, std::size_t at) {
 
 /// Which bytes stand second and third. Where characters have more than one byte, no telling.
 std::uint64_t beginningOf(std::string_view word) {
-    if (word.size() < 3 || ((byteAt(word, 0) | byteAt(word, 1) | byteAt(word, 2)) & 0x80U) != 0)
+    if (((byteAt(word, 0) | byteAt(word, 1) | byteAt(word, 2)) & 0x80U) != 0)
         return anything;
     return bitOf(word, 1) | bitOf(word, 2);
 }
@@ -41,7 +42,8 @@ std::uint64_t beginningOf(std::string_view word) {
 LearnedWords::LearnedWords(const std::vector<Word>& titleWords)
     : titleWords_(titleWords), beginnings_{} {
     for (const Word& word : titleWords)
-        beginnings_[byteAt(word.text, 0)] |= beginningOf(word.text);
+        if (word.length >= fewestCharacters)
+            beginnings_[byteAt(word.text, 0)] |= beginningOf(word.text);
 }
 
 void LearnedWords::observe(const SavedLink& example, const std::vector<TagNumber>& tags) {
@@ -69,12 +71,11 @@ bool LearnedWords::isWorthReading(const SavedLink& example) {
 
 void LearnedWords::hear(std::string_view foldedTitle) {
     heard_.clear();
-    std::size_t at = 0;
-    for (auto token = nextToken(foldedTitle, at); !token.empty();
-         token = nextToken(foldedTitle, at)) {
-        if (!mayMatch(token))
+    findTokens(foldedTitle, starts_);
+    for (std::size_t at : starts_) {
+        if (!mayMatch(foldedTitle.substr(at)))
             continue;
-        const StemNumber stem = stemNumber(token);
+        const StemNumber stem = stemNumber(nextToken(foldedTitle, at));
         if (stem == unheard || stems_[stem].lastExample == example_)
             continue;
         stems_[stem].lastExample = example_;
@@ -97,10 +98,12 @@ void LearnedWords::count(const std::vector<TagNumber>& tags) {
     }
 }
 
-/// Words that match have the same first character, and one edit can't change the next two so much
-/// that none of them is left; stems keep the first three. False is certain.
-bool LearnedWords::mayMatch(std::string_view token) const noexcept {
-    return (beginnings_[byteAt(token, 0)] & beginningOf(token)) != 0;
+/// Whether the token at the beginning of `text` may match. Words that do have the same first
+/// character, and one edit can't change the next two so much that none of them is left; stems keep
+/// the first three. False is certain.
+bool LearnedWords::mayMatch(std::string_view text) const noexcept {
+    return text.size() >= fewestCharacters &&
+           (beginnings_[byteAt(text, 0)] & beginningOf(text)) != 0;
 }
 
 LearnedWords::StemNumber LearnedWords::stemNumber(std::string_view token) {

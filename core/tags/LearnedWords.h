@@ -41,7 +41,7 @@ private:
 
     [[nodiscard]] bool isWorthReading(const SavedLink& example);
     void hear(std::string_view foldedTitle);
-    [[nodiscard]] bool mayMatch(std::string_view token) const noexcept;
+    [[nodiscard]] bool mayMatch(std::string_view text) const noexcept;
     StemNumber stemNumber(std::string_view token);
     StemNumber newStemNumber(std::string_view token);
     bool isInTitle(const Word& stem) const;
@@ -54,7 +54,8 @@ private:
     TextNumbers stemTexts_;
     std::vector<StemNumber> stemOfText_;
     std::vector<Stem> stems_;
-    std::vector<StemNumber> heard_; ///< in the present example
+    std::vector<StemNumber> heard_;   ///< in the present example
+    std::vector<std::size_t> starts_; ///< of its title's tokens
     std::vector<std::uint64_t> lastExampleOfTag_;
     std::vector<TagNumber> tags_;
     std::uint64_t example_ = 0;

@@ -2,10 +2,12 @@
 
 #include "core/links/LinkTitle.h"
 #include "core/search/LinkSearch.h"
+#include "core/text/Blocks.h"
 #include "core/text/Characters.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace brinmoor::LinkAutoTagging {
 namespace {
@@ -58,6 +60,40 @@ inline bool belongsToToken(std::string_view text, std::size_t at, std::size_t& n
     return unit == Unit::ofLongerCharacter ? longerBelongsToToken(text, at, next)
                                            : unit == Unit::ofToken;
 }
+
+#if BRINMOOR_BLOCKS
+
+__m128i isBetween(__m128i block, char first, char last) {
+    return _mm_and_si128(_mm_cmpgt_epi8(block, _mm_set1_epi8(static_cast<char>(first - 1))),
+                         _mm_cmplt_epi8(block, _mm_set1_epi8(static_cast<char>(last + 1))));
+}
+
+/// One bit for each byte of a block of ASCII.
+unsigned tokenUnitsOf(__m128i block) {
+    const __m128i small = _mm_or_si128(block, _mm_set1_epi8(0x20));
+    return text::maskOf(_mm_or_si128(isBetween(small, 'a', 'z'), isBetween(block, '0', '9')));
+}
+
+/// Takes blocks of ASCII, without a branch for each of their bytes.
+void findTokensInBlocks(std::string_view folded, std::size_t& at, bool& isInToken,
+                        std::vector<std::size_t>& starts) {
+    for (; folded.size() - at >= text::blockSize; at += text::blockSize) {
+        const __m128i block = text::loadBlock(folded.data() + at);
+        if (text::maskOf(block) != 0)
+            return;
+        const unsigned inside = tokenUnitsOf(block);
+        unsigned begins = inside & ~(inside << 1 | static_cast<unsigned>(isInToken));
+        for (; begins != 0; begins &= begins - 1)
+            starts.push_back(at + static_cast<std::size_t>(std::countr_zero(begins)));
+        isInToken = (inside >> (text::blockSize - 1)) != 0;
+    }
+}
+
+#else
+
+void findTokensInBlocks(std::string_view, std::size_t&, bool&, std::vector<std::size_t>&) {}
+
+#endif
 
 bool hasAtLeast(std::string_view word, std::size_t characters) {
     return word.size() >= characters && text::graphemeCount(word) >= characters;
@@ -121,6 +157,22 @@ std::vector<std::string> tokens(std::string_view folded) {
     for (auto token = nextToken(folded, at); !token.empty(); token = nextToken(folded, at))
         result.emplace_back(token);
     return result;
+}
+
+void findTokens(std::string_view folded, std::vector<std::size_t>& starts) {
+    starts.clear();
+    bool isInToken = false;
+    for (std::size_t at = 0; at < folded.size();) {
+        findTokensInBlocks(folded, at, isInToken, starts);
+        if (at == folded.size())
+            break;
+        std::size_t next = at;
+        const bool belongs = belongsToToken(folded, at, next);
+        if (belongs && !isInToken)
+            starts.push_back(at);
+        isInToken = belongs;
+        at = next;
+    }
 }
 
 std::string stem(std::string_view word) {

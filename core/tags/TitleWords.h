@@ -14,6 +14,8 @@ namespace brinmoor::LinkAutoTagging {
 /// The next run of letters and numbers from `at` on, and `at` behind it; empty at the end.
 [[nodiscard]] std::string_view nextToken(std::string_view folded, std::size_t& at) noexcept;
 [[nodiscard]] std::vector<std::string> tokens(std::string_view folded);
+/// Where the tokens begin, into `starts`.
+void findTokens(std::string_view folded, std::vector<std::size_t>& starts);
 
 /// The word without a common English ending; other words as they stand.
 [[nodiscard]] std::string stem(std::string_view word);

@@ -105,5 +105,19 @@ TEST(LinkAutoTaggingLaws, wordsCompareAsThePlainOnesDo) {
     });
 }
 
+TEST(LinkAutoTaggingLaws, tokensBeginWhereTheyAreMetOneByOne) {
+    const std::vector<std::string> pieces{"a", "z",  "09", "word",   " ",   "·",
+                                          "-", "日", "д",  "@[`{/:", "\xFF"};
+    tests::forSeeds(20000, [&](Generated& generated) {
+        const std::string text = generated.textOf(pieces, 40);
+        std::vector<std::string> met;
+        std::vector<std::size_t> starts;
+        findTokens(text, starts);
+        for (std::size_t at : starts)
+            met.emplace_back(nextToken(text, at));
+        EXPECT_EQ(met, tokens(text)) << text;
+    });
+}
+
 } // namespace
 } // namespace brinmoor::LinkAutoTagging
