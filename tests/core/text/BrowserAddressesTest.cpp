@@ -10,7 +10,7 @@
 namespace brinmoor {
 namespace {
 
-constexpr std::size_t addressCount = 40'000;
+constexpr std::size_t addressCount = 200'000;
 
 /// Addresses as the URL parser of Node serialises them, which is the one that browsers share.
 std::vector<std::string> browserAddresses() {
