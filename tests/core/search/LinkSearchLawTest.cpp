@@ -48,7 +48,7 @@ Texts someTexts(Generated& generated) {
 std::string someTerm(Generated& generated, const Texts& texts) {
     if (!texts.tags.empty() && generated.oneIn(5))
         return "#" + generated.oneOf(texts.tags);
-    const std::string& text =
+    const std::string text =
         generated.oneOf(std::array{texts.title, texts.title, texts.url, texts.note, texts.extra});
     if (text.empty() || generated.oneIn(4))
         return generated.textOf(pieces, 3);
