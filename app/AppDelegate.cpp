@@ -29,12 +29,17 @@ void AppDelegate::launch() {
     installCallbacks();
     libraryWindow_ = panels_.libraryWindow(*model_);
     openLibrary();
+    openURLs(std::exchange(pendingURLs_, {}));
+    applicationDidBecomeActive();
     if (!model_->shortcutErrors().empty())
         openSettings();
 }
 
 void AppDelegate::installCallbacks() {
     model_->showLibrary = [this] { openLibrary(); };
+    model_->showAccount = [this] { openAccount(); };
+    model_->account().presentationWindow = [this] { openLibrary(); };
+    model_->account().bringAccountForward = [this] { openAccount(); };
     model_->showSettings = [this] { openSettings(); };
     model_->showCaptureEditor = [this](const CaptureDraft& draft) { openCaptureEditor(draft); };
     model_->closeCaptureEditor = [this] { closeCaptureEditor(); };
@@ -61,6 +66,26 @@ void AppDelegate::openLibrary() {
 void AppDelegate::openSettings() {
     model_->setSection(AppSection::settings);
     openLibrary();
+}
+
+void AppDelegate::openAccount() {
+    model_->setSection(AppSection::account);
+    openLibrary();
+    applicationDidBecomeActive();
+}
+
+void AppDelegate::openURLs(const std::vector<std::string>& urls) {
+    if (!model_) {
+        pendingURLs_.insert(pendingURLs_.end(), urls.begin(), urls.end());
+        return;
+    }
+    for (const std::string& url : urls)
+        model_->account().handleIncomingURL(url);
+}
+
+void AppDelegate::applicationDidBecomeActive() {
+    if (model_)
+        model_->account().synchronizeLogin(AccountController::RefreshExisting::yes);
 }
 
 void AppDelegate::openCaptureEditor(const CaptureDraft& draft) {

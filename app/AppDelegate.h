@@ -36,6 +36,12 @@ public:
 
     void openLibrary();
     void openSettings();
+    /// Shows the account and brings it in step with the stored login.
+    void openAccount();
+    /// Takes return URLs of a sign-in; before launch() they wait.
+    void openURLs(const std::vector<std::string>& urls);
+    /// The user came back to the application.
+    void applicationDidBecomeActive();
 
     [[nodiscard]] Panel* libraryWindow() const noexcept { return libraryWindow_.get(); }
     [[nodiscard]] Panel* captureEditor() const noexcept { return captureEditor_.get(); }
@@ -60,6 +66,7 @@ private:
     AppParts parts_;
     Panels& panels_;
     std::unique_ptr<AppModel> model_;
+    std::vector<std::string> pendingURLs_;
     std::unique_ptr<Panel> libraryWindow_;
     std::unique_ptr<Panel> captureEditor_;
     std::optional<Uuid> editorDraftID_;

@@ -16,6 +16,9 @@ using text::worded;
 AppModel::AppModel(const AppParts& parts)
     : clock_(parts.clock), files_(parts.files), opener_(parts.opener),
       pasteboard_(parts.pasteboard), preferences_(parts.preferences), file_(parts.libraryPath) {
+    account_ = std::make_unique<AccountController>(parts.account);
+    analytics_ =
+        std::make_unique<UsageAnalytics>(clock_, parts.makeUsageSession, parts.account.serviceURL);
     clipboard_ = std::make_unique<ClipboardMonitor>(pasteboard_, clock_);
     const SavedSettings saved = SavedSettings::read(preferences_);
     clipboardEnabled_ = saved.clipboardEnabled;
@@ -32,6 +35,8 @@ AppModel::AppModel(const AppParts& parts)
         onboardingCompleted_ = preferences_.boolean("hasCompletedOnboarding");
         showingOnboarding_ = !onboardingCompleted_;
     }
+    account_->onChange = [this] { showOnboardingIfNeededForActiveAccount(); };
+    analytics_->configure(analyticsEnabled_);
     count(UsageEvent::appOpened);
     clipboard_->onLink = [this](const WebAddress& address) { offerClipboard(address); };
     if (clipboardEnabled_)

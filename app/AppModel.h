@@ -1,5 +1,6 @@
 #pragma once
 
+#include "account/AccountController.h"
 #include "app/CaptureDraft.h"
 #include "browser/BrowserCapture.h"
 #include "core/capture/CaptureNotice.h"
@@ -9,6 +10,7 @@
 #include "core/search/LibraryFilter.h"
 #include "core/usage/UsageEvent.h"
 #include "platform/Subscription.h"
+#include "usage/UsageAnalytics.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -50,6 +52,8 @@ struct AppParts {
     ScriptRunner& scripts;
     Workspace& workspace;
     std::string libraryPath;
+    AccountParts account;
+    UsageAnalytics::SessionFactory makeUsageSession;
 };
 
 /// The last archiving or restoring, which the library screen offers to take back.
@@ -75,6 +79,7 @@ public:
     // What the shell installs after start.
     std::function<void()> showLibrary;
     std::function<void()> showSettings;
+    std::function<void()> showAccount;
     std::function<void()> showTabSearch;
     std::function<void(const CaptureNotice&)> showToast;
     std::function<void(const CaptureDraft&)> showCaptureEditor;
@@ -83,6 +88,10 @@ public:
     std::function<void()> closeTabSelection;
     /// Takes an open offer of a copied link from the screen.
     std::function<void()> dismissClipboardNotice;
+
+    // The services.
+    [[nodiscard]] AccountController& account() const noexcept { return *account_; }
+    [[nodiscard]] const UsageAnalytics& analytics() const noexcept { return *analytics_; }
 
     // The document.
     [[nodiscard]] const Library& library() const noexcept { return library_; }
@@ -229,8 +238,6 @@ Q_SIGNALS:
     void libraryUndoChanged();
     void preferencesChanged();
     void shortcutsChanged();
-    /// Something was done that may be counted.
-    void counted(brinmoor::UsageEvent event, std::size_t number);
 
 private:
     struct LibraryUndo {
@@ -253,7 +260,7 @@ private:
     /// record. False, with nothing changed and the failure reported, when it can't be written.
     [[nodiscard]] bool commit(Library next, Feedback feedback, std::optional<UndoTitle> undo);
     [[nodiscard]] std::string lockedWords() const;
-    void count(UsageEvent event, std::size_t number = 1) { Q_EMIT counted(event, number); }
+    void count(UsageEvent event, std::size_t number = 1);
     void report(std::string text, Feedback feedback);
     void setError(std::optional<std::string> text);
     void say(std::string_view title, std::string_view message, Tone tone = Tone::plain);
@@ -319,6 +326,8 @@ private:
     bool autoTaggingEnabled_ = true;
     ShortcutMap shortcuts_;
     std::map<CaptureAction, std::string> shortcutErrors_;
+    std::unique_ptr<AccountController> account_;
+    std::unique_ptr<UsageAnalytics> analytics_;
     std::unique_ptr<ClipboardMonitor> clipboard_;
     std::unique_ptr<BrowserCapture> captureService_;
     std::unique_ptr<GlobalShortcut> hotkey_;

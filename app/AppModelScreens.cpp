@@ -69,7 +69,8 @@ void AppModel::setShowingAdd(bool showing) {
 }
 
 std::string AppModel::onboardingKey() const {
-    return "hasCompletedOnboarding";
+    const auto& signedIn = account_->account();
+    return signedIn ? "hasCompletedOnboarding." + signedIn->user.id : "hasCompletedOnboarding";
 }
 
 void AppModel::completeOnboarding() {
@@ -103,7 +104,12 @@ void AppModel::setAutoTaggingEnabled(bool on) {
 void AppModel::setAnalyticsEnabled(bool on) {
     analyticsEnabled_ = on;
     preferences_.set("analyticsEnabled", on);
+    analytics_->configure(on);
     Q_EMIT preferencesChanged();
+}
+
+void AppModel::count(UsageEvent event, std::size_t number) {
+    analytics_->record(event, static_cast<std::int64_t>(number));
 }
 
 void AppModel::countSaved(const SavedLink& link, bool isNew) {

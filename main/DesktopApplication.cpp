@@ -38,8 +38,12 @@ void DesktopApplication::Activate(const QVariantMap&) {
         activate();
 }
 
-void DesktopApplication::Open(const QStringList&, const QVariantMap& platformData) {
-    Activate(platformData);
+void DesktopApplication::Open(const QStringList& addresses, const QVariantMap&) {
+    std::vector<std::string> given;
+    for (const QString& each : addresses)
+        given.push_back(each.toStdString());
+    if (open)
+        open(given);
 }
 
 } // namespace brinmoor

@@ -5,6 +5,8 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace brinmoor {
 
@@ -25,6 +27,8 @@ public:
 
     /// Brings the library window forward.
     std::function<void()> activate;
+    /// Takes addresses that the desktop hands over, in their order.
+    std::function<void(const std::vector<std::string>&)> open;
 
 public Q_SLOTS:
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);

@@ -8,6 +8,8 @@
 #include "platform/linux/Desktop.h"
 #include "platform/linux/NativeMessagingManifests.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QtGlobal>
 
 #include <map>
@@ -22,11 +24,18 @@ std::map<std::uint32_t, std::string> hotKeyDescriptions() {
     return descriptions;
 }
 
+/// The certificate of a service on this computer, when the build names one.
+std::string trustedCertificate() {
+    QFile file(QStringLiteral(BRINMOOR_SERVICE_CERTIFICATE));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
 } // namespace
 
 RealParts::RealParts(const Installation& installation, QQmlEngine& engine)
     : places_(systemPlaces()), preferences_(places_.preferencesFile),
       hotKeys_(makeHotKeys(hotKeyDescriptions())), workspace_(makeWorkspace()), files_(engine),
+      certificate_(trustedCertificate()), http_(certificate_),
       scripts_(installation.automationTool) {}
 
 RealParts::~RealParts() = default;
@@ -40,7 +49,19 @@ AppParts RealParts::parts() {
             .preferences = preferences_,
             .scripts = scripts_,
             .workspace = *workspace_,
-            .libraryPath = places_.libraryFile};
+            .libraryPath = places_.libraryFile,
+            .account = {.clock = clock_,
+                        .http = http_,
+                        .random = random_,
+                        .secrets = secrets_,
+                        .folder = QFileInfo(QString::fromStdString(places_.libraryFile))
+                                      .absolutePath()
+                                      .toStdString(),
+                        .serviceURL = BRINMOOR_SERVICE_URL,
+                        .ownerAddress = BRINMOOR_OWNER_ADDRESS},
+            .makeUsageSession = [certificate = certificate_] {
+                return std::make_unique<NetworkHttp>(certificate);
+            }};
 }
 
 std::vector<ManifestOutcome> connectBrowsers(const Installation& installation) {

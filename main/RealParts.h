@@ -5,9 +5,12 @@
 #include "main/Installation.h"
 #include "platform/linux/DesktopPasteboard.h"
 #include "platform/linux/JsonPreferences.h"
+#include "platform/linux/LibsecretStore.h"
 #include "platform/linux/NativeMessagingManifests.h"
+#include "platform/linux/NetworkHttp.h"
 #include "platform/linux/Places.h"
 #include "platform/linux/SystemClock.h"
+#include "platform/linux/SystemRandom.h"
 #include "platform/linux/XdgOpener.h"
 #include "screens/QuickFileDialogs.h"
 
@@ -37,6 +40,10 @@ private:
     QuickFileDialogs files_;
     XdgOpener opener_;
     DesktopPasteboard pasteboard_;
+    std::string certificate_;
+    NetworkHttp http_;
+    SystemRandom random_;
+    LibsecretStore secrets_;
     ScriptTool scripts_;
 };
 

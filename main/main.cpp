@@ -16,7 +16,7 @@
 
 int main(int count, char** arguments) {
     using namespace brinmoor;
-    QGuiApplication::setDesktopFileName(QStringLiteral("brinmoor"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("app.brinmoor.mac"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(count, arguments);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Brinmoor"));
@@ -41,6 +41,12 @@ int main(int count, char** arguments) {
     };
     shell.launch();
     desktop.activate = [&] { shell.openLibrary(); };
+    desktop.open = [&](const std::vector<std::string>& addresses) { shell.openURLs(addresses); };
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &application,
+                     [&](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive)
+                             shell.applicationDidBecomeActive();
+                     });
     // After the first frame: no window waits for it.
     QTimer::singleShot(0, &application, [&] { connectBrowsers(installation); });
     return QGuiApplication::exec();

@@ -84,7 +84,9 @@ AppParts measured(const AppParts& real, ScriptRunner& timed) {
             .preferences = real.preferences,
             .scripts = timed,
             .workspace = real.workspace,
-            .libraryPath = real.libraryPath};
+            .libraryPath = real.libraryPath,
+            .account = real.account,
+            .makeUsageSession = real.makeUsageSession};
 }
 
 class Road {

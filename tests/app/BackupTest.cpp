@@ -67,7 +67,7 @@ TEST_F(BackupTest, importedLinksStandInFrontInTheOrderOfTheBackup) {
     EXPECT_THAT(model().library().collections,
                 ElementsAre("Inbox", "Inspiration", "Read later", "Elsewhere"));
     EXPECT_EQ(lastWords(), Words("Brinmoor", "Imported 2 links"));
-    EXPECT_EQ(counts[UsageEvent::linksSaved], 2);
+    EXPECT_EQ(counted(UsageEvent::linksSaved), 2);
 }
 
 TEST_F(BackupTest, anImportIsUndoneInOneStep) {

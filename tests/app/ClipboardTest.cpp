@@ -178,15 +178,15 @@ TEST_F(ClipboardTest, anOfferedLinkIsSavedWithATitleMadeOfItsAddress) {
     EXPECT_EQ(stored.collection, "Inbox");
     EXPECT_FALSE(stored.title.empty());
     EXPECT_EQ(lastWords(), Words("Tab saved", "Ready in your library whenever you need it."));
-    EXPECT_EQ(counts[UsageEvent::clipboardSaved], 1);
-    EXPECT_EQ(counts[UsageEvent::linksSaved], 1);
+    EXPECT_EQ(counted(UsageEvent::clipboardSaved), 1);
+    EXPECT_EQ(counted(UsageEvent::linksSaved), 1);
 }
 
 TEST_F(ClipboardTest, aKnownLinkIsNotCountedAgain) {
     given(libraryOf({link("https://a.example/", "A")}));
     model().saveClipboard("https://a.example/", ClipboardSave::atOnce);
     EXPECT_EQ(lastWords(), Words("Already saved", "Already in your library. No duplicate added."));
-    EXPECT_EQ(counts[UsageEvent::clipboardSaved], 0);
+    EXPECT_EQ(counted(UsageEvent::clipboardSaved), 0);
 }
 
 TEST_F(ClipboardTest, aLinkThatCouldNotBeWrittenIsNotCounted) {
@@ -194,7 +194,7 @@ TEST_F(ClipboardTest, aLinkThatCouldNotBeWrittenIsNotCounted) {
     breakWrites();
     model().saveClipboard("https://a.example/", ClipboardSave::atOnce);
     EXPECT_EQ(lastWords().first, "Couldn’t save your tab");
-    EXPECT_EQ(counts[UsageEvent::clipboardSaved], 0);
+    EXPECT_EQ(counted(UsageEvent::clipboardSaved), 0);
 }
 
 TEST_F(ClipboardTest, aNoteOnAKnownLinkStartsFromWhatIsStored) {
@@ -211,14 +211,14 @@ TEST_F(ClipboardTest, aNoteOnAKnownLinkStartsFromWhatIsStored) {
 
 TEST_F(ClipboardTest, aNewLinkSavedWithANoteIsCountedOnceItIsSaved) {
     model().saveClipboard("https://a.example/", ClipboardSave::withNote);
-    EXPECT_EQ(counts[UsageEvent::clipboardSaved], 0);
+    EXPECT_EQ(counted(UsageEvent::clipboardSaved), 0);
     SavedLink edited = editors.at(0).link;
     edited.note = "Why";
     EXPECT_TRUE(saved(edited));
-    EXPECT_EQ(counts[UsageEvent::clipboardSaved], 1);
-    EXPECT_EQ(counts[UsageEvent::linksSaved], 1);
-    EXPECT_EQ(counts[UsageEvent::noteSaved], 1);
-    EXPECT_EQ(counts[UsageEvent::tagsSaved], 0);
+    EXPECT_EQ(counted(UsageEvent::clipboardSaved), 1);
+    EXPECT_EQ(counted(UsageEvent::linksSaved), 1);
+    EXPECT_EQ(counted(UsageEvent::noteSaved), 1);
+    EXPECT_EQ(counted(UsageEvent::tagsSaved), 0);
 }
 
 TEST_F(ClipboardTest, theCommandSavesWhatIsCopiedEvenIfItIsConcealed) {

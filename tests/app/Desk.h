@@ -1,21 +1,13 @@
 #pragma once
 
 #include "app/AppModel.h"
-#include "platform/memory/ManualClock.h"
-#include "platform/memory/MemoryFileDialogs.h"
-#include "platform/memory/MemoryHotKeys.h"
-#include "platform/memory/MemoryPasteboard.h"
-#include "platform/memory/MemoryPreferences.h"
-#include "platform/memory/MemorySystemOpener.h"
-#include "platform/memory/MemoryWorkspace.h"
-#include "tests/support/CannedScripts.h"
+#include "tests/support/MadeUpParts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Waiting.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -24,7 +16,7 @@
 namespace brinmoor::testing {
 
 /// A model on a desktop that the test makes up, with a library file of its own.
-class Desk : public ::testing::Test {
+class Desk : public ::testing::Test, protected MadeUpParts {
 protected:
     Desk() {
         workspace.running = {{.bundleIdentifier = "org.chromium.Chromium",
@@ -33,17 +25,7 @@ protected:
         workspace.front = workspace.running.front();
     }
 
-    AppParts parts() {
-        return {.clock = clock,
-                .files = files,
-                .hotKeys = hotKeys,
-                .opener = opener,
-                .pasteboard = pasteboard,
-                .preferences = preferences,
-                .scripts = scripts,
-                .workspace = workspace,
-                .libraryPath = libraryPath()};
-    }
+    AppParts parts() { return partsFor(libraryPath()); }
 
     AppModel& model() {
         if (!model_) {
@@ -58,9 +40,6 @@ protected:
             };
             model_->closeTabSelection = [this] { ++selectionsClosed; };
             model_->dismissClipboardNotice = [this] { ++offersDismissed; };
-            QObject::connect(
-                model_.get(), &AppModel::counted, model_.get(),
-                [this](UsageEvent event, std::size_t number) { counts[event] += number; });
         }
         return *model_;
     }
@@ -121,6 +100,12 @@ protected:
         return result;
     }
 
+    /// How often the action was counted, at start too.
+    [[nodiscard]] std::int64_t counted(UsageEvent event) {
+        const UsageCounts& counts = model().analytics().accumulator().counts();
+        const auto found = counts.find(event);
+        return found == counts.end() ? 0 : found->second;
+    }
     [[nodiscard]] std::pair<std::string, std::string> lastWords() const {
         return notices.empty() ? std::pair<std::string, std::string>()
                                : std::pair(notices.back().title, notices.back().message);
@@ -133,14 +118,6 @@ protected:
     }
 
     TemporaryFolder folder;
-    ManualClock clock;
-    MemoryFileDialogs files;
-    MemoryHotKeys hotKeys;
-    MemorySystemOpener opener;
-    MemoryPasteboard pasteboard;
-    MemoryPreferences preferences;
-    MemoryWorkspace workspace;
-    CannedScripts scripts;
     std::string closeAnswer = "true";
 
     std::vector<CaptureNotice> notices;
@@ -149,7 +126,6 @@ protected:
     std::vector<TabSelectionDraft> selections;
     int selectionsClosed = 0;
     int offersDismissed = 0;
-    std::map<UsageEvent, std::size_t> counts; ///< since the model stands
 
 private:
     std::unique_ptr<AppModel> model_;

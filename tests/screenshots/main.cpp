@@ -3,19 +3,12 @@
 #include "app/AppModel.h"
 #include "app/wording/LinuxWording.h"
 #include "core/text/Fold.h"
-#include "platform/memory/ManualClock.h"
-#include "platform/memory/MemoryFileDialogs.h"
-#include "platform/memory/MemoryHotKeys.h"
-#include "platform/memory/MemoryPasteboard.h"
-#include "platform/memory/MemoryPreferences.h"
-#include "platform/memory/MemorySystemOpener.h"
-#include "platform/memory/MemoryWorkspace.h"
 #include "screens/QuickCaptureForm.h"
 #include "screens/QuickPanel.h"
 #include "screens/QuickPanels.h"
 #include "tests/screens/TestDesktop.h"
 #include "tests/screenshots/Sample.h"
-#include "tests/support/CannedScripts.h"
+#include "tests/support/MadeUpParts.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Waiting.h"
 
@@ -40,34 +33,15 @@ void await(Condition condition) {
 }
 
 /// What the application needs, none of it real.
-struct Desk {
+struct Desk : testing::MadeUpParts {
     testing::TemporaryFolder folder;
-    ManualClock clock;
-    MemoryFileDialogs files;
-    MemoryHotKeys hotKeys;
-    MemorySystemOpener opener;
-    MemoryPasteboard pasteboard;
-    MemoryPreferences preferences;
-    MemoryWorkspace workspace;
-    testing::CannedScripts scripts;
-
     explicit Desk(const Library& library) {
         clock.present = sampleNow;
         if (!LibraryFile(libraryPath()).save(library).ok())
             qFatal("The sample library can't be written.");
     }
     [[nodiscard]] std::string libraryPath() const { return folder.path("library.json"); }
-    [[nodiscard]] AppParts parts() {
-        return {.clock = clock,
-                .files = files,
-                .hotKeys = hotKeys,
-                .opener = opener,
-                .pasteboard = pasteboard,
-                .preferences = preferences,
-                .scripts = scripts,
-                .workspace = workspace,
-                .libraryPath = libraryPath()};
-    }
+    [[nodiscard]] AppParts parts() { return partsFor(libraryPath()); }
 };
 
 class Studio {

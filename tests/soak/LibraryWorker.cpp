@@ -4,13 +4,7 @@
 
 #include "app/AppModel.h"
 #include "platform/linux/SystemClock.h"
-#include "platform/memory/MemoryFileDialogs.h"
-#include "platform/memory/MemoryHotKeys.h"
-#include "platform/memory/MemoryPasteboard.h"
-#include "platform/memory/MemoryPreferences.h"
-#include "platform/memory/MemorySystemOpener.h"
-#include "platform/memory/MemoryWorkspace.h"
-#include "tests/support/CannedScripts.h"
+#include "tests/support/MadeUpParts.h"
 
 #include <QCoreApplication>
 
@@ -99,22 +93,8 @@ private:
 
     const std::string path_;
     SystemClock clock_;
-    MemoryFileDialogs files_;
-    MemoryHotKeys hotKeys_;
-    MemorySystemOpener opener_;
-    MemoryPasteboard pasteboard_;
-    MemoryPreferences preferences_;
-    CannedScripts scripts_;
-    MemoryWorkspace workspace_;
-    AppModel model_{{.clock = clock_,
-                     .files = files_,
-                     .hotKeys = hotKeys_,
-                     .opener = opener_,
-                     .pasteboard = pasteboard_,
-                     .preferences = preferences_,
-                     .scripts = scripts_,
-                     .workspace = workspace_,
-                     .libraryPath = path_}};
+    MadeUpParts parts_;
+    AppModel model_{parts_.partsFor(path_, clock_)};
     const std::map<std::string, std::function<void(const Fields&)>> commands_{
         {"archive", [this](const Fields& given) { model_.setArchived(true, idsOf(given.at(1))); }},
         {"restore", [this](const Fields& given) { model_.setArchived(false, idsOf(given.at(1))); }},
@@ -136,7 +116,7 @@ private:
         {"import",
          [this](const Fields& given) {
              model_.importLibrary();
-             files_.answer(given.at(1));
+             parts_.files.answer(given.at(1));
          }},
         {"fail", [this](const Fields& given) { fail(given.at(1)); }},
     };
