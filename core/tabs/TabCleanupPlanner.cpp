@@ -6,10 +6,10 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <set>
 #include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace brinmoor::TabCleanupPlanner {
 namespace {
@@ -38,7 +38,8 @@ bool isKeptBefore(Tab a, Tab b) {
 
 void planAllButOne(std::vector<Tab> group, Plan& plan) {
     std::ranges::stable_sort(group, isKeptBefore);
-    for (const Tab tab : group | std::views::drop(1))
+    group.erase(group.begin());
+    for (const Tab tab : group)
         plan.insert_or_assign(tab->id(), tab);
 }
 
@@ -95,8 +96,10 @@ duplicateAndEmptyCandidates(const std::vector<BrowserTabSnapshot>& tabs) {
     }
     for (auto& [key, group] : groups)
         planAllButOne(std::move(group), plan);
-    const auto planned = plan | std::views::values;
-    return inClosingOrder({planned.begin(), planned.end()});
+    std::vector<Tab> planned;
+    for (const auto& [id, tab] : plan)
+        planned.push_back(tab);
+    return inClosingOrder(std::move(planned));
 }
 
 std::vector<BrowserTabSnapshot> domainCandidates(const std::vector<BrowserTabSnapshot>& tabs,
