@@ -3,6 +3,8 @@
 #include "app/ClipboardMonitor.h"
 #include "app/GlobalShortcut.h"
 #include "app/SavedSettings.h"
+#include "app/TabCleanup.h"
+#include "browser/TabSearchModel.h"
 #include "core/text/Wording.h"
 #include "platform/Clock.h"
 #include "platform/Preferences.h"
@@ -25,8 +27,11 @@ AppModel::AppModel(const AppParts& parts)
     analyticsEnabled_ = saved.analyticsEnabled;
     closeAfterQuickSave_ = saved.closeAfterQuickSave;
     autoTaggingEnabled_ = saved.autoTaggingEnabled;
+    tabSearch_ = std::make_unique<TabSearchModel>(parts.workspace, parts.scripts);
     captureService_ =
         std::make_unique<BrowserCapture>(parts.workspace, preferences_, clock_, parts.scripts);
+    tabCleanup_ =
+        std::make_unique<TabCleanup>(parts.workspace, parts.scripts, preferences_, clock_);
     hotkey_ = std::make_unique<GlobalShortcut>(parts.hotKeys);
     const auto stored = preferences_.data("captureShortcuts");
     shortcuts_ = decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);
@@ -41,6 +46,8 @@ AppModel::AppModel(const AppParts& parts)
     clipboard_->onLink = [this](const WebAddress& address) { offerClipboard(address); };
     if (clipboardEnabled_)
         clipboard_->start();
+    tabSearch_->save = [this](OpenBrowserTab tab) { return saveOpenTab(std::move(tab)); };
+    tabCleanup_->notify = [this](const CaptureNotice& notice) { notify(notice); };
     hotkey_->action = [this](CaptureAction action) { capture(action); };
     hotkey_->lost = [this](CaptureAction action) {
         setShortcutError(action, worded("Unavailable. Choose another shortcut."));

@@ -34,7 +34,10 @@ class Pasteboard;
 class Preferences;
 class ScriptRunner;
 class SystemOpener;
+class TabCleanup;
+class TabSearchModel;
 class Workspace;
+struct OpenBrowserTab;
 
 enum class AppSection { library, tags, account, settings };
 
@@ -169,6 +172,10 @@ public:
     void saveClipboard(const std::string& url, ClipboardSave how);
     void saveCurrentClipboard();
 
+    // Open tabs.
+    [[nodiscard]] TabSearchModel& tabSearch() const noexcept { return *tabSearch_; }
+    [[nodiscard]] TabCleanup& tabCleanup() const noexcept { return *tabCleanup_; }
+
     // Screens.
     [[nodiscard]] AppSection section() const noexcept { return section_; }
     void setSection(AppSection section);
@@ -274,6 +281,8 @@ private:
     QCoro::Task<> closeAfterCapture(std::optional<CapturedTabTarget> target);
     void beginNote(SavedLink link, std::optional<CapturedTabTarget> closeTarget);
     void beginTabSelection(std::vector<SavedLink> links);
+    /// Saves a page out of the tab search without reading it.
+    QCoro::Task<bool> saveOpenTab(OpenBrowserTab tab);
     void endDraft();
     [[nodiscard]] const SavedLink* storedLink(std::string_view url) const;
     [[nodiscard]] SavedLink withSuggestedTags(const SavedLink& link) const;
@@ -329,7 +338,9 @@ private:
     std::unique_ptr<AccountController> account_;
     std::unique_ptr<UsageAnalytics> analytics_;
     std::unique_ptr<ClipboardMonitor> clipboard_;
+    std::unique_ptr<TabSearchModel> tabSearch_;
     std::unique_ptr<BrowserCapture> captureService_;
+    std::unique_ptr<TabCleanup> tabCleanup_;
     std::unique_ptr<GlobalShortcut> hotkey_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "app/AppModel.h"
 
+#include "app/TabCleanup.h"
 #include "core/links/LinkTitle.h"
 #include "core/tags/LinkAutoTagging.h"
 #include "core/text/Wording.h"
@@ -45,8 +46,10 @@ void AppModel::capture(CaptureAction action) {
             showTabSearch();
         return;
     }
-    if (action == CaptureAction::duplicates)
+    if (action == CaptureAction::duplicates) {
+        tabCleanup_->closeDuplicateTabs();
         return;
+    }
     if (draft_) {
         if (showCaptureEditor)
             showCaptureEditor(*draft_);

@@ -52,6 +52,22 @@
         <translation>No browser tab found. Open a page in Chromium or Chrome, then press your shortcut again. Brinmoor will remember that browser for captures from other apps.</translation>
     </message>
     <message>
+        <source>. Check Automation access in Settings, then refresh.</source>
+        <translation>. Check browser access in Settings, then refresh.</translation>
+    </message>
+    <message>
+        <source>Couldn’t switch tabs. Check browser Automation access and try again.</source>
+        <translation>Couldn’t switch tabs. Check browser access and try again.</translation>
+    </message>
+    <message>
+        <source>Open Safari or a supported Chromium browser to search its tabs.</source>
+        <translation>Open a supported Chromium browser to search its tabs.</translation>
+    </message>
+    <message>
+        <source>Check Automation access for </source>
+        <translation>Check browser access for </translation>
+    </message>
+    <message>
         <source>On your Mac</source>
         <translation>On your computer</translation>
     </message>
