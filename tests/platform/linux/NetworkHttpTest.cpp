@@ -311,16 +311,16 @@ TEST(NetworkHttp, anAnswerThatDripsEndsAtTheTotalLimitOnly) {
         return always({.raw = [drops](const HttpWriter& write) {
             write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
             for (int i = 0; i < drops && write(chunk("drop")); ++i)
-                std::this_thread::sleep_for(20ms);
+                std::this_thread::sleep_for(50ms);
             write("0\r\n\r\n");
         }});
     };
     NetworkHttp http;
-    HttpServer patient(drip(20));
+    HttpServer patient(drip(40));
     const Told whole =
-        askedFor(http, {.address = patient.address(), .silenceLimit = 250ms, .totalLimit = 20s});
+        askedFor(http, {.address = patient.address(), .silenceLimit = 1500ms, .totalLimit = 20s});
     EXPECT_EQ(whole.failure, std::nullopt);
-    EXPECT_EQ(whole.body.size(), 80U);
+    EXPECT_EQ(whole.body.size(), 160U);
 
     HttpServer endless(drip(1000000));
     const Told cut =
