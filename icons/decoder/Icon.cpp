@@ -4,6 +4,8 @@
 #include <QColorSpace>
 #include <QImage>
 #include <QImageReader>
+#include <QSemaphore>
+#include <QThreadPool>
 
 #include <cstring>
 
@@ -45,14 +47,30 @@ QImage bare(const QImage& image) {
     return result;
 }
 
-} // namespace
-
-void prepare() {
+void loadReaders() {
     for (const QByteArray& format : QImageReader::supportedImageFormats()) {
         QBuffer nothing;
         nothing.open(QIODevice::ReadOnly);
         (void)QImageReader(&nothing, format).canRead();
     }
+}
+
+/// Large pictures are scaled by a worker, which opens files when it starts. One for each processor,
+/// each with room for a stack, would not fit into the memory allowed.
+void startWorker() {
+    QThreadPool& workers = *QThreadPool::globalInstance();
+    workers.setMaxThreadCount(1);
+    workers.setExpiryTimeout(-1);
+    QSemaphore started;
+    workers.start([&started] { started.release(); });
+    started.acquire();
+}
+
+} // namespace
+
+void prepare() {
+    loadReaders();
+    startWorker();
 }
 
 std::optional<QByteArray> iconOf(QByteArray picture, int longestSide) {

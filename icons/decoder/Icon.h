@@ -6,7 +6,8 @@
 
 namespace brinmoor::decoder {
 
-/// Loads every reader of pictures that is installed: later this process can open no file.
+/// Loads every reader of pictures that is installed and starts what scales them: later this process
+/// can open no file.
 void prepare();
 
 /// The first frame as PNG, upright, its longer side at most `longestSide` pixels.

@@ -38,6 +38,7 @@ TEST(DecodedPictures, areAtMost84PixelsLongAndKeepTheirShape) {
     EXPECT_EQ(sizeOf(pictureOf({90, 300}, Qt::red)), QSize(25, 84));
     EXPECT_EQ(sizeOf(pictureOf({2000, 1}, Qt::red)), QSize(84, 1));
     EXPECT_EQ(sizeOf(pictureOf({84, 84}, Qt::red)), QSize(84, 84));
+    EXPECT_EQ(sizeOf(pictureOf({4000, 3000}, Qt::red)), QSize(84, 63));
 }
 
 TEST(DecodedPictures, thatAreSmallStaySmall) {
