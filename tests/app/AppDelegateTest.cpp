@@ -323,5 +323,60 @@ TEST_F(AppDelegateTest, theNoticesButtonLeadsToBrowserAccess) {
     EXPECT_EQ(opened, 1);
 }
 
+// Return URLs of a sign-in.
+
+TEST_F(AppDelegateTest, returnURLsThatComeBeforeTheModelWaitForItInTheirOrder) {
+    AppDelegate early(parts(), panels);
+    early.openURLs({"brinmoor://auth/callback?code=short&state=one"});
+    early.openURLs({"brinmoor://auth/callback?error=two", "https://elsewhere.example/"});
+    EXPECT_THAT(panels.log, IsEmpty());
+    early.launch();
+    settle();
+    EXPECT_EQ(early.model()->section(), AppSection::account);
+    EXPECT_TRUE(early.model()->account().message());
+}
+
+TEST_F(AppDelegateTest, theAccountIsShownInTheLibraryWindow) {
+    shell().openAccount();
+    EXPECT_EQ(shellModel().section(), AppSection::account);
+    EXPECT_EQ(panels.log.back(), "key library");
+}
+
+TEST_F(AppDelegateTest, comingBackBeforeTheModelIsThereDoesNothing) {
+    AppDelegate early(parts(), panels);
+    early.applicationDidBecomeActive();
+    EXPECT_EQ(early.model(), nullptr);
+}
+
+// The offer of a copied link.
+
+TEST_F(AppDelegateTest, theOfferIsTakenAwayAndAPlainNoticeIsNot) {
+    notice("Plain");
+    shellModel().dismissClipboardNotice();
+    EXPECT_TRUE(panels.named("Plain")->visible);
+    EXPECT_TRUE(shellModel().toast());
+    shellModel().notify({.id = clock.newUuid(),
+                         .title = "Save copied link?",
+                         .message = "a.example",
+                         .clipboardURL = "https://a.example/"});
+    shellModel().dismissClipboardNotice();
+    EXPECT_FALSE(panels.named("Save copied link?")->visible);
+    EXPECT_FALSE(shellModel().toast());
+}
+
+TEST_F(AppDelegateTest, theOffersButtonsSaveTheLink) {
+    shellModel().notify({.id = clock.newUuid(),
+                         .title = "Save copied link?",
+                         .message = "a.example",
+                         .clipboardURL = "https://a.example/"});
+    panels.actions.saveClipboard("https://a.example/", false);
+    settle();
+    EXPECT_EQ(shellModel().library().links.size(), 1);
+    panels.actions.saveClipboard("https://b.example/", true);
+    settle();
+    EXPECT_TRUE(shellModel().draft());
+    EXPECT_NE(panels.named("Save with a note"), nullptr);
+}
+
 } // namespace
 } // namespace brinmoor
