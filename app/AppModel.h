@@ -179,6 +179,12 @@ public:
     // Screens.
     [[nodiscard]] AppSection section() const noexcept { return section_; }
     void setSection(AppSection section);
+    /// The settings show the page about the connections to browsers; over once they are left.
+    [[nodiscard]] bool isShowingBrowserAccess() const noexcept { return showingBrowserAccess_; }
+    void presentBrowserAccess();
+    void endBrowserAccess();
+    /// The keyboard is wanted in the search field.
+    void focusSearch();
     /// What the library screen is set to show.
     [[nodiscard]] const LibraryFilter& view() const noexcept { return view_; }
     void setView(LibraryFilter view);
@@ -238,6 +244,7 @@ Q_SIGNALS:
     void tabSelectionChanged();
     void toastChanged();
     void sectionChanged();
+    void searchFocusWanted();
     void viewChanged();
     void selectionChanged();
     void sheetsChanged();
@@ -321,6 +328,7 @@ private:
     std::optional<CaptureDraft> draft_;
     std::optional<TabSelectionDraft> tabSelection_;
     AppSection section_ = AppSection::library;
+    bool showingBrowserAccess_ = false;
     LibraryFilter view_;
     std::optional<Uuid> selectedID_;
     std::optional<Uuid> swipedLinkID_;

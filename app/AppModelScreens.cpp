@@ -12,7 +12,24 @@ void AppModel::setSection(AppSection section) {
     if (section_ == section)
         return;
     section_ = section;
+    showingBrowserAccess_ = false;
     Q_EMIT sectionChanged();
+}
+
+void AppModel::presentBrowserAccess() {
+    section_ = AppSection::settings;
+    showingBrowserAccess_ = true;
+    Q_EMIT sectionChanged();
+}
+
+void AppModel::endBrowserAccess() {
+    showingBrowserAccess_ = false;
+    Q_EMIT sectionChanged();
+}
+
+void AppModel::focusSearch() {
+    setSection(AppSection::library);
+    Q_EMIT searchFocusWanted();
 }
 
 void AppModel::setView(LibraryFilter view) {

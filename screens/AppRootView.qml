@@ -1,13 +1,14 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Brinmoor
 
-// The library window: the rail and the section beside it.
+// The library window: the rail, the section beside it, and the sheets above both. A section or a
+// sheet is made when it is first shown.
 Rectangle {
     id: root
 
-    required property LibraryScreen screen
+    required property AppRoot screen
+
+    readonly property bool covered: alert.shown
 
     color: Theme.paper
 
@@ -15,27 +16,33 @@ Rectangle {
         sequences: ["Ctrl+W"]
         onActivated: root.Window.window.close()
     }
-    Shortcut {
-        sequences: ["Ctrl+Q"]
-        onActivated: Qt.quit()
-    }
 
-    Rail {
-        id: rail
-        height: parent.height
-    }
-    LibraryView {
-        anchors.left: rail.right
-        anchors.right: parent.right
-        height: parent.height
-        screen: root.screen
-        enabled: !alert.visible
-        focus: true
+    FocusScope {
+        id: page
+
+        anchors.fill: parent
+        enabled: !root.covered
+        focus: !root.covered
+
+        Section {
+            anchors.left: rail.right
+            anchors.right: parent.right
+            height: parent.height
+            view: "LibraryView"
+            screen: root.screen.library
+            shown: root.screen.section === "library"
+            kept: true
+        }
+        Rail {
+            id: rail
+            height: parent.height
+            screen: root.screen
+        }
     }
     ErrorAlert {
         id: alert
-        anchors.fill: parent
-        message: root.screen.error
+        error: root.screen.error
         onDismissed: root.screen.dismissError()
+        onSettingsWanted: root.screen.showBrowserAccess()
     }
 }

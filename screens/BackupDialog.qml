@@ -16,19 +16,19 @@ QtObject {
     signal cancelled()
 
     function ask(): void {
-        dialog.fileMode = question.fileMode;
-        dialog.currentFolder = question.currentFolder;
-        if (question.selectedFile.toString() !== "")
+        question.dialog.fileMode = question.fileMode;
+        question.dialog.currentFolder = question.currentFolder;
+        if (question.fileMode === FileDialog.SaveFile)
             dialog.selectedFile = question.selectedFile;
         if (question.owner)
-            dialog.parentWindow = question.owner;
-        dialog.open();
+            question.dialog.parentWindow = question.owner;
+        question.dialog.open();
         if (dialog.visible)
             return;
         // The desktop has no dialog of its own, and Qt's needs a window to be drawn in.
         host.show();
-        dialog.parentWindow = host;
-        dialog.open();
+        question.dialog.parentWindow = host;
+        question.dialog.open();
     }
 
     function accept(): void {
@@ -43,7 +43,7 @@ QtObject {
         nameFilters: ["JSON (*.json)"]
         defaultSuffix: "json"
 
-        onAccepted: question.answered(dialog.selectedFile)
+        onAccepted: question.answered(question.dialog.selectedFile)
         onRejected: question.cancelled()
     }
 

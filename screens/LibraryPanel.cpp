@@ -29,10 +29,10 @@ QList<QRect> availableAreas() {
 
 LibraryPanel::LibraryPanel(QQmlEngine& engine, AppModel& model)
     : QuickPanel(engine, PanelKind::window, QStringLiteral("Brinmoor")), model_(model),
-      screen_(new LibraryScreen([&model] { model.dismissError(); }, &view())) {
+      root_(new AppRoot(model, &view())), screen_(root_->library()) {
     view().setMinimumSize(leastSize);
     view().resize(usualSize);
-    load(QStringLiteral("AppRootView"), {{QStringLiteral("screen"), QVariant::fromValue(screen_)}});
+    load(QStringLiteral("AppRootView"), {{QStringLiteral("screen"), QVariant::fromValue(root_)}});
     follow();
     restoreFrame();
 }
@@ -43,13 +43,10 @@ LibraryPanel::~LibraryPanel() {
 
 void LibraryPanel::follow() {
     connect(&model_, &AppModel::libraryChanged, this, [this] { showLinks(); });
-    connect(&model_, &AppModel::errorChanged, this,
-            [this] { screen_->setError(model_.errorText()); });
     connect(&model_, &AppModel::shortcutsChanged, this, [this] { showHint(); });
     connect(&model_, &AppModel::preferencesChanged, this, [this] { showHint(); });
     showLinks();
     showHint();
-    screen_->setError(model_.errorText());
     refreshDays();
 }
 

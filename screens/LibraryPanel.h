@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Subscription.h"
-#include "screens/LibraryScreen.h"
+#include "screens/AppRoot.h"
 #include "screens/QuickPanel.h"
 
 #include <QTimer>
@@ -30,6 +30,7 @@ private:
     void refreshDays();
 
     AppModel& model_;
+    AppRoot* root_;
     LibraryScreen* screen_;
     QTimer frameSettled_;
     Subscription nextMinute_;

@@ -10,11 +10,4 @@ void LibraryScreen::setHint(const QString& shortcutLabel, bool closesAfterSave) 
     Q_EMIT hintChanged();
 }
 
-void LibraryScreen::setError(const QString& error) {
-    if (error == error_)
-        return;
-    error_ = error;
-    Q_EMIT errorChanged();
-}
-
 } // namespace brinmoor

@@ -1,0 +1,65 @@
+#include "screens/AppRoot.h"
+
+#include "app/AppModel.h"
+
+namespace brinmoor {
+
+AppRoot::AppRoot(AppModel& model, QObject* parent)
+    : QObject(parent), model_(model), library_(this) {
+    connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
+    connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
+}
+
+QString AppRoot::section() const {
+    switch (model_.section()) {
+    case AppSection::tags:
+        return QStringLiteral("tags");
+    case AppSection::account:
+        return QStringLiteral("account");
+    case AppSection::settings:
+        return QStringLiteral("settings");
+    case AppSection::library:
+        break;
+    }
+    return QStringLiteral("library");
+}
+
+void AppRoot::showLibrary() {
+    model_.setSection(AppSection::library);
+}
+
+void AppRoot::showTags() {
+    model_.setSection(AppSection::tags);
+}
+
+void AppRoot::showAccount() {
+    if (model_.showAccount)
+        model_.showAccount();
+}
+
+void AppRoot::showSettings() {
+    model_.setSection(AppSection::settings);
+}
+
+void AppRoot::showBrowserAccess() {
+    model_.presentBrowserAccess();
+}
+
+void AppRoot::searchTabs() {
+    if (model_.showTabSearch)
+        model_.showTabSearch();
+}
+
+void AppRoot::addLink() {
+    model_.setShowingAdd(true);
+}
+
+QString AppRoot::error() const {
+    return model_.errorText();
+}
+
+void AppRoot::dismissError() {
+    model_.dismissError();
+}
+
+} // namespace brinmoor
