@@ -83,6 +83,9 @@ public:
     /// Floats on every desktop and takes activation.
     [[nodiscard]] virtual std::unique_ptr<Panel> tabSelection(AppModel& model, Uuid draftID,
                                                               const std::string& title) = 0;
+    /// The search of open tabs, 620 × 496. Floats on every desktop, takes the keyboard without
+    /// raising the application, and orders itself out as soon as it loses the keyboard.
+    [[nodiscard]] virtual std::unique_ptr<Panel> tabSearch(AppModel& model) = 0;
     /// Floats above the other panels and never takes the keyboard.
     [[nodiscard]] virtual std::unique_ptr<Panel> notice(const CaptureNotice& notice,
                                                         NoticeActions actions) = 0;

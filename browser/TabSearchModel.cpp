@@ -134,9 +134,10 @@ QCoro::Task<> TabSearchModel::saveBy(OpenBrowserTab tab) {
     const bool saved = co_await task;
     if (!self)
         co_return;
-    setMessage(
-        worded(saved ? "Saved to your library."
-                     : "Couldn’t save this tab. Check the Brinmoor notification for details."));
+    setMessage(worded(saved
+                          ? "Saved to your library."
+                          : "Couldn’t save this tab. Check the Brinmoor notification for details."),
+               saved ? Tone::plain : Tone::failure);
     setSaving(false);
 }
 
@@ -172,9 +173,10 @@ void TabSearchModel::setSaving(bool saving) {
         Q_EMIT savingChanged();
 }
 
-void TabSearchModel::setMessage(std::optional<std::string> message) {
+void TabSearchModel::setMessage(std::optional<std::string> message, Tone tone) {
     if (message_ == message)
         return;
+    messageIsFailure_ = message && tone == Tone::failure;
     message_ = std::move(message);
     Q_EMIT messageChanged();
 }

@@ -44,6 +44,8 @@ public:
     [[nodiscard]] bool saving() const noexcept { return saving_; }
     /// The one line of feedback.
     [[nodiscard]] const std::optional<std::string>& message() const noexcept { return message_; }
+    /// Whether that line tells of something that could not be done.
+    [[nodiscard]] bool messageIsFailure() const noexcept { return messageIsFailure_; }
     /// The row selected in `results`; 0 when there are none.
     [[nodiscard]] int selectedIndex() const noexcept { return selectedIndex_; }
 
@@ -68,6 +70,7 @@ Q_SIGNALS:
 
 private:
     using Generation = std::uint64_t;
+    enum class Tone { plain, failure };
 
     QCoro::Task<> read(Generation reading);
     void endReading(const std::vector<Browser>& browsers, const std::vector<std::string>& failed);
@@ -78,7 +81,7 @@ private:
     void setLoading(bool loading);
     void setSwitching(bool switching);
     void setSaving(bool saving);
-    void setMessage(std::optional<std::string> message);
+    void setMessage(std::optional<std::string> message, Tone tone = Tone::failure);
     void setSelectedIndex(int index);
 
     const Workspace& workspace_;
@@ -89,6 +92,7 @@ private:
     bool switching_ = false;
     bool saving_ = false;
     std::optional<std::string> message_;
+    bool messageIsFailure_ = false;
     int selectedIndex_ = 0;
     Generation generation_ = 0; ///< the present reading
 };

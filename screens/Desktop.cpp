@@ -63,4 +63,13 @@ void limitInput(const QWindow& window, const QRect& area) {
     xcb_flush(server);
 }
 
+bool keepsKeyboard(const QWindow& window) {
+    xcb_connection_t* server = connection();
+    if (!server)
+        return false;
+    const Held<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+    return reply && reply->focus == xcb_window_t(window.winId());
+}
+
 } // namespace brinmoor::Desktop

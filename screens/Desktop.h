@@ -13,4 +13,8 @@ namespace brinmoor::Desktop {
 /// behind. Does nothing where the window system decides by itself.
 void limitInput(const QWindow& window, const QRect& area);
 
+/// Whether the window still has the keyboard although it was told otherwise: so it is while a
+/// program holds the keys for the length of one press. False where there is nobody to ask.
+[[nodiscard]] bool keepsKeyboard(const QWindow& window);
+
 } // namespace brinmoor::Desktop

@@ -4,7 +4,6 @@
 #include "screens/Desktop.h"
 #include "screens/NoticeContent.h"
 
-#include <QPainterPath>
 #include <QQuickItem>
 
 namespace brinmoor {
@@ -33,21 +32,10 @@ NoticePanel::NoticePanel(QQmlEngine& engine, const CaptureNotice& notice, Notice
 void NoticePanel::orderFrontRegardless() {
     shown_ = true;
     view().create();
-    cutOut();
+    cutOut(cornerRadius);
     QuickPanel::orderFrontRegardless();
     if (QQuickItem* root = view().rootObject())
         QMetaObject::invokeMethod(root, "enter");
-}
-
-void NoticePanel::cutOut() {
-    const QRect card(QPoint(margin_, margin_), QSize(size().width, size().height));
-    if (margin_ > 0) {
-        Desktop::limitInput(view(), card);
-        return;
-    }
-    QPainterPath outline;
-    outline.addRoundedRect(card, cornerRadius, cornerRadius);
-    view().setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void NoticePanel::orderOut() {

@@ -25,8 +25,6 @@ private Q_SLOTS:
     void hideView();
 
 private:
-    void cutOut();
-
     int margin_ = 0;
     bool shown_ = false;
 };

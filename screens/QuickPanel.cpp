@@ -1,9 +1,11 @@
 #include "screens/QuickPanel.h"
 
 #include "platform/linux/PanelHints.h"
+#include "screens/Desktop.h"
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QPainterPath>
 #include <QScreen>
 
 namespace brinmoor {
@@ -17,6 +19,9 @@ Qt::WindowFlags flagsOf(PanelKind kind) {
     case PanelKind::floating:
         return Qt::Tool | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint | Qt::WindowStaysOnTopHint;
+    case PanelKind::card:
+        return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+               Qt::NoDropShadowWindowHint;
     case PanelKind::notice:
         // A window that the window manager leaves alone stands exactly where it is put and is
         // never given the keyboard. Only X11 knows such windows without a parent.
@@ -70,7 +75,7 @@ void QuickPanel::prepare() {
     if (view_->handle())
         return;
     view_->create();
-    if (kind_ != PanelKind::floating)
+    if (kind_ != PanelKind::floating && kind_ != PanelKind::card)
         return;
     applyPanelHints(number(*view_), PanelRole::utility, PanelFocus::takes);
 }
@@ -103,6 +108,17 @@ void QuickPanel::tellClosed() {
     const auto told = willClose;
     if (told)
         told();
+}
+
+void QuickPanel::cutOut(int cornerRadius) {
+    const QRect card(QPoint(margin(), margin()), QSize(size().width, size().height));
+    if (margin() > 0) {
+        Desktop::limitInput(*view_, card);
+        return;
+    }
+    QPainterPath outline;
+    outline.addRoundedRect(card, cornerRadius, cornerRadius);
+    view_->setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 PanelSize QuickPanel::size() const {

@@ -14,6 +14,7 @@ namespace brinmoor {
 enum class PanelKind {
     window,   ///< an ordinary one
     floating, ///< above the others, on every desktop
+    card,     ///< the same without a frame: the screen draws its own edge
     notice,   ///< a passing message
 };
 
@@ -46,6 +47,9 @@ public:
 protected:
     /// How far the window reaches beyond its content on each side.
     [[nodiscard]] virtual int margin() const { return 0; }
+    /// Makes the window's shape that of its content: with a margin the rest of the window lets
+    /// clicks through, without one the corners are cut off.
+    void cutOut(int cornerRadius);
 
 private:
     /// A panel may go while one of its own buttons is being pressed.

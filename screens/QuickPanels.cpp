@@ -7,6 +7,7 @@
 #include "screens/NoticePanel.h"
 #include "screens/QuickCaptureForm.h"
 #include "screens/ScreenModule.h"
+#include "screens/TabSearchPanel.h"
 #include "screens/TabSelectionList.h"
 
 #include <QAccessible>
@@ -87,6 +88,10 @@ std::unique_ptr<Panel> QuickPanels::tabSelection(AppModel& model, Uuid draftID,
     panel->load(QStringLiteral("TabSelectionView"),
                 {{QStringLiteral("tabs"), QVariant::fromValue(tabs)}});
     return kept(std::move(panel));
+}
+
+std::unique_ptr<Panel> QuickPanels::tabSearch(AppModel& model) {
+    return kept(std::make_unique<TabSearchPanel>(engine_, model.tabSearch()));
 }
 
 std::unique_ptr<Panel> QuickPanels::notice(const CaptureNotice& notice, NoticeActions actions) {

@@ -26,6 +26,7 @@ public:
                                                        const std::string& title) override;
     [[nodiscard]] std::unique_ptr<Panel> tabSelection(AppModel& model, Uuid draftID,
                                                       const std::string& title) override;
+    [[nodiscard]] std::unique_ptr<Panel> tabSearch(AppModel& model) override;
     [[nodiscard]] std::unique_ptr<Panel> notice(const CaptureNotice& notice,
                                                 NoticeActions actions) override;
 

@@ -80,6 +80,14 @@
         <translation>Ctrl+↵ to save · Esc to cancel</translation>
     </message>
     <message>
+        <source>⌘1–9 to jump directly</source>
+        <translation>Ctrl+1–9 to jump directly</translation>
+    </message>
+    <message>
+        <source>⌘%1</source>
+        <translation>Ctrl+%1</translation>
+    </message>
+    <message>
         <source>Brinmoor couldn’t access your login in macOS Keychain. Unlock your keychain and try again.</source>
         <translation>Brinmoor couldn’t access your login in the keyring. Unlock your keyring and try again.</translation>
     </message>

@@ -60,6 +60,7 @@ public:
     std::unique_ptr<Panel> tabSelection(AppModel&, Uuid, const std::string& title) override {
         return make(title);
     }
+    std::unique_ptr<Panel> tabSearch(AppModel&) override { return make("tab search"); }
     std::unique_ptr<Panel> notice(const CaptureNotice& notice, NoticeActions given) override {
         actions = std::move(given);
         return make(notice.title);

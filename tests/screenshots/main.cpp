@@ -5,18 +5,12 @@
 #include "core/text/Fold.h"
 #include "screens/QuickCaptureForm.h"
 #include "screens/QuickPanel.h"
-#include "screens/QuickPanels.h"
 #include "tests/screens/TestDesktop.h"
-#include "tests/screenshots/Sample.h"
-#include "tests/support/MadeUpParts.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/support/Waiting.h"
+#include "tests/screenshots/Studio.h"
 
 #include <QCursor>
 #include <QDir>
 #include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
 #include <QQuickItem>
 #include <QScreen>
 
@@ -25,34 +19,10 @@
 namespace brinmoor {
 namespace {
 
-/// A state that doesn't come leaves nothing to take a picture of.
-template <class Condition>
-void await(Condition condition) {
-    if (!testing::waitUntil(condition))
-        qFatal("A screen doesn't come to the state that is wanted.");
-}
-
-/// What the application needs, none of it real.
-struct Desk : testing::MadeUpParts {
-    testing::TemporaryFolder folder;
-    explicit Desk(const Library& library) {
-        clock.present = sampleNow;
-        if (!LibraryFile(libraryPath()).save(library).ok())
-            qFatal("The sample library can't be written.");
-    }
-    [[nodiscard]] std::string libraryPath() const { return folder.path("library.json"); }
-    [[nodiscard]] AppParts parts() { return partsFor(libraryPath()); }
-};
-
-class Studio {
+/// The passing messages, the capture panels and the library.
+class Tour {
 public:
-    Studio(QString folder, AppAppearance appearance)
-        : folder_(std::move(folder)),
-          theme_(appearance == AppAppearance::cream ? QStringLiteral("cream")
-                                                    : QStringLiteral("black")) {
-        panels_.setAppearance(appearance);
-        settle(400);
-    }
+    explicit Tour(Studio& studio) : studio_(studio), panels_(studio.panels()) {}
 
     void takeAll() {
         takeNotices();
@@ -62,23 +32,7 @@ public:
     }
 
 private:
-    /// Lets animations come to their end.
-    static void settle(int milliseconds) {
-        const QDeadlineTimer end(milliseconds);
-        await([&] { return end.hasExpired(); });
-    }
-
-    void take(Panel& panel, const QString& name) {
-        auto& view = dynamic_cast<QuickPanel&>(panel).view();
-        settle(500);
-        const QImage picture = view.grabWindow();
-        QImage ground(picture.size(), QImage::Format_RGB32);
-        ground.fill(theme_ == u"cream" ? QColor(207, 211, 197) : QColor(5, 6, 6));
-        QPainter(&ground).drawImage(0, 0, picture);
-        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_, name, theme_);
-        if (!ground.save(file))
-            qFatal("%s can't be written.", qPrintable(file));
-    }
+    void take(Panel& panel, const QString& name) { studio_.take(panel, name); }
 
     void takeNotice(const CaptureNotice& notice, const QString& name) {
         const auto panel = panels_.notice(notice, {});
@@ -200,9 +154,8 @@ private:
         take(*panel, QStringLiteral("library-error-alert"));
     }
 
-    QString folder_;
-    QString theme_;
-    QuickPanels panels_;
+    Studio& studio_;
+    QuickPanels& panels_;
 };
 
 } // namespace
@@ -226,7 +179,10 @@ int main(int count, char** arguments) {
         std::fputs("The folder can't be made.\n", stderr);
         return 1;
     }
-    for (const auto appearance : {brinmoor::AppAppearance::cream, brinmoor::AppAppearance::black})
-        brinmoor::Studio(folder, appearance).takeAll();
+    for (const auto appearance : {brinmoor::AppAppearance::cream, brinmoor::AppAppearance::black}) {
+        brinmoor::Studio studio(folder, appearance);
+        brinmoor::Tour(studio).takeAll();
+        brinmoor::takeTabSearch(studio);
+    }
     return 0;
 }
