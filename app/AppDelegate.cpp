@@ -1,8 +1,10 @@
 #include "app/AppDelegate.h"
 
+#include "app/AppUpdater.h"
 #include "app/SavedSettings.h"
 #include "core/text/Wording.h"
 #include "platform/Clock.h"
+#include "platform/Preferences.h"
 
 #include <QMetaObject>
 
@@ -24,18 +26,26 @@ AppDelegate::AppDelegate(const AppParts& parts, Panels& panels) : parts_(parts),
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::launch() {
-    panels_.setAppearance(savedAppearance(parts_.preferences));
+    followAppearance();
     model_ = std::make_unique<AppModel>(parts_);
     installCallbacks();
     libraryWindow_ = panels_.libraryWindow(*model_);
     openLibrary();
+    model_->updater().start();
     openURLs(std::exchange(pendingURLs_, {}));
     applicationDidBecomeActive();
     if (!model_->shortcutErrors().empty())
         openSettings();
 }
 
+void AppDelegate::followAppearance() {
+    const auto apply = [this] { panels_.setAppearance(savedAppearance(parts_.preferences)); };
+    apply();
+    appearance_ = parts_.preferences.observe("appAppearance", apply);
+}
+
 void AppDelegate::installCallbacks() {
+    model_->updater().activateApplication = [this] { openLibrary(); };
     model_->showLibrary = [this] { openLibrary(); };
     model_->showAccount = [this] { openAccount(); };
     model_->account().presentationWindow = [this] { openLibrary(); };

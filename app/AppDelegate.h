@@ -49,6 +49,8 @@ public:
     [[nodiscard]] Panel* toastPanel() const noexcept { return toastPanel_.get(); }
 
 private:
+    /// The theme is switched in every open window, whichever copy of the program chose it.
+    void followAppearance();
     void installCallbacks();
     void openCaptureEditor(const CaptureDraft& draft);
     void closeCaptureEditor();
@@ -75,6 +77,7 @@ private:
     std::optional<RunningApplication> returnToApp_;
     std::unique_ptr<Panel> toastPanel_;
     Subscription toastDismiss_;
+    Subscription appearance_;
     std::vector<std::unique_ptr<Panel>> retired_;
     QObject nextTurn_;
 };

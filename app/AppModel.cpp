@@ -1,5 +1,7 @@
 #include "app/AppModel.h"
 
+#include "app/AppUpdater.h"
+#include "app/BrowserConnections.h"
 #include "app/ClipboardMonitor.h"
 #include "app/GlobalShortcut.h"
 #include "app/SavedSettings.h"
@@ -17,7 +19,9 @@ using text::worded;
 
 AppModel::AppModel(const AppParts& parts)
     : clock_(parts.clock), files_(parts.files), opener_(parts.opener),
-      pasteboard_(parts.pasteboard), preferences_(parts.preferences), file_(parts.libraryPath) {
+      pasteboard_(parts.pasteboard), preferences_(parts.preferences), file_(parts.libraryPath),
+      build_(parts.build) {
+    updater_ = std::make_unique<AppUpdater>(build_, parts.updater);
     account_ = std::make_unique<AccountController>(parts.account);
     analytics_ =
         std::make_unique<UsageAnalytics>(clock_, parts.makeUsageSession, parts.account.serviceURL);
@@ -28,6 +32,8 @@ AppModel::AppModel(const AppParts& parts)
     closeAfterQuickSave_ = saved.closeAfterQuickSave;
     autoTaggingEnabled_ = saved.autoTaggingEnabled;
     tabSearch_ = std::make_unique<TabSearchModel>(parts.workspace, parts.scripts);
+    browserConnections_ =
+        std::make_unique<BrowserConnections>(parts.browsers, parts.workspace, parts.scripts);
     captureService_ =
         std::make_unique<BrowserCapture>(parts.workspace, preferences_, clock_, parts.scripts);
     tabCleanup_ =

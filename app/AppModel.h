@@ -1,6 +1,7 @@
 #pragma once
 
 #include "account/AccountController.h"
+#include "app/AppBuild.h"
 #include "app/CaptureDraft.h"
 #include "browser/BrowserCapture.h"
 #include "core/capture/CaptureNotice.h"
@@ -25,6 +26,9 @@
 
 namespace brinmoor {
 
+class AppUpdater;
+class BrowserConnections;
+class BrowserSetup;
 class ClipboardMonitor;
 class Clock;
 class FileDialogs;
@@ -36,6 +40,7 @@ class ScriptRunner;
 class SystemOpener;
 class TabCleanup;
 class TabSearchModel;
+class Updater;
 class Workspace;
 struct OpenBrowserTab;
 
@@ -46,6 +51,7 @@ enum class ClipboardSave { atOnce, withNote };
 
 /// What the model needs from outside. All of it outlives the model.
 struct AppParts {
+    BrowserSetup& browsers;
     Clock& clock;
     FileDialogs& files;
     HotKeys& hotKeys;
@@ -57,6 +63,8 @@ struct AppParts {
     std::string libraryPath;
     AccountParts account;
     UsageAnalytics::SessionFactory makeUsageSession;
+    AppBuild build = {};
+    Updater* updater = nullptr; ///< absent where this system has none
 };
 
 /// The last archiving or restoring, which the library screen offers to take back.
@@ -95,6 +103,11 @@ public:
     // The services.
     [[nodiscard]] AccountController& account() const noexcept { return *account_; }
     [[nodiscard]] const UsageAnalytics& analytics() const noexcept { return *analytics_; }
+    [[nodiscard]] AppUpdater& updater() const noexcept { return *updater_; }
+    [[nodiscard]] BrowserConnections& browserConnections() const noexcept {
+        return *browserConnections_;
+    }
+    [[nodiscard]] const AppBuild& build() const noexcept { return build_; }
 
     // The document.
     [[nodiscard]] const Library& library() const noexcept { return library_; }
@@ -156,6 +169,8 @@ public:
     QCoro::Task<bool> labelImportance(Uuid id, std::optional<LinkImportance> importance);
     void open(const SavedLink& link);
     void copy(const SavedLink& link);
+    /// Takes a text that is no link, such as a path, to the clipboard.
+    void copyText(const std::string& text);
     void share(const SavedLink& link);
     void revealLibrary();
     [[nodiscard]] const std::optional<ArchiveUndo>& archiveUndo() const noexcept {
@@ -171,6 +186,8 @@ public:
     [[nodiscard]] ClipboardMonitor& clipboard() const noexcept { return *clipboard_; }
     void saveClipboard(const std::string& url, ClipboardSave how);
     void saveCurrentClipboard();
+    /// Shows what the offer of a copied link looks like.
+    void previewClipboardOffer();
 
     // Open tabs.
     [[nodiscard]] TabSearchModel& tabSearch() const noexcept { return *tabSearch_; }
@@ -208,6 +225,8 @@ public:
     [[nodiscard]] bool isShowingOnboarding() const noexcept { return showingOnboarding_; }
     [[nodiscard]] bool onboardingCompleted() const noexcept { return onboardingCompleted_; }
     void completeOnboarding();
+    /// Shows the tour, or takes it away without its being finished.
+    void setShowingOnboarding(bool showing);
     /// Shows the tour to a user who hasn't finished it. Never closes it.
     void showOnboardingIfNeededForActiveAccount();
 
@@ -341,12 +360,15 @@ private:
     bool analyticsEnabled_ = true;
     bool closeAfterQuickSave_ = false;
     bool autoTaggingEnabled_ = true;
+    AppBuild build_;
     ShortcutMap shortcuts_;
     std::map<CaptureAction, std::string> shortcutErrors_;
+    std::unique_ptr<AppUpdater> updater_;
     std::unique_ptr<AccountController> account_;
     std::unique_ptr<UsageAnalytics> analytics_;
     std::unique_ptr<ClipboardMonitor> clipboard_;
     std::unique_ptr<TabSearchModel> tabSearch_;
+    std::unique_ptr<BrowserConnections> browserConnections_;
     std::unique_ptr<BrowserCapture> captureService_;
     std::unique_ptr<TabCleanup> tabCleanup_;
     std::unique_ptr<GlobalShortcut> hotkey_;

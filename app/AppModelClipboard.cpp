@@ -39,6 +39,13 @@ void AppModel::offerClipboard(const WebAddress& address) {
             .clipboardURL = address.string()});
 }
 
+void AppModel::previewClipboardOffer() {
+    notify({.id = clock_.newUuid(),
+            .title = worded("Save copied link?"),
+            .message = "example.com",
+            .clipboardURL = "https://example.com/something-worth-keeping"});
+}
+
 void AppModel::saveClipboard(const std::string& url, ClipboardSave how) {
     SavedLink link(url, LinkTitle::best(url, "", {}), "Clipboard", "Inbox", clock_.newUuid(),
                    clock_.now());

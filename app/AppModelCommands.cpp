@@ -149,6 +149,10 @@ void AppModel::copy(const SavedLink& link) {
     say("Brinmoor", "Link copied");
 }
 
+void AppModel::copyText(const std::string& text) {
+    pasteboard_.setText(text);
+}
+
 void AppModel::share(const SavedLink& link) {
     setSwipedLinkID(std::nullopt);
     sharingLink_ = link;

@@ -9,7 +9,7 @@
 namespace brinmoor {
 
 void AppModel::setSection(AppSection section) {
-    if (section_ == section)
+    if (section_ == section && !showingBrowserAccess_)
         return;
     section_ = section;
     showingBrowserAccess_ = false;
@@ -94,6 +94,13 @@ void AppModel::completeOnboarding() {
     preferences_.set(onboardingKey(), true);
     onboardingCompleted_ = true;
     showingOnboarding_ = false;
+    Q_EMIT sheetsChanged();
+}
+
+void AppModel::setShowingOnboarding(bool showing) {
+    if (showingOnboarding_ == showing)
+        return;
+    showingOnboarding_ = showing;
     Q_EMIT sheetsChanged();
 }
 

@@ -48,6 +48,10 @@ std::string readTabsForCleanupScript(const Browser& browser) {
     return readScript("readBrowserTabsForCleanup", browser);
 }
 
+std::string checkAccessScript(const Browser& browser) {
+    return "function run() { return String(" + application(browser) + ".windows.length); }\n";
+}
+
 std::string activateTabScript(const Browser& browser, const OpenBrowserTab& tab) {
     return std::string(scripts::browserTabs) +
            "\nfunction run() { return String(activateBrowserTab(" + application(browser) + ", " +

@@ -15,6 +15,9 @@ namespace brinmoor {
 [[nodiscard]] std::string readTabsForCleanupScript(const Browser& browser);
 [[nodiscard]] std::string activateTabScript(const Browser& browser, const OpenBrowserTab& tab);
 
+/// Asks the browser for something that only a connected one can answer; changes nothing there.
+[[nodiscard]] std::string checkAccessScript(const Browser& browser);
+
 /// The script that closes these tabs, which are all of this browser and sorted by place within each
 /// window. More tabs than one argument of a program can name make several scripts, to be run in
 /// this order: the last tabs come first. A tab whose address alone is too long has one of its own.

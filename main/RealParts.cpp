@@ -5,6 +5,7 @@
 #include "core/text/Wording.h"
 #include "platform/HotKeys.h"
 #include "platform/Workspace.h"
+#include "platform/linux/ApplicationIdentity.h"
 #include "platform/linux/Desktop.h"
 #include "platform/linux/NativeMessagingManifests.h"
 
@@ -30,18 +31,39 @@ std::string trustedCertificate() {
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
+ManifestRequest manifestRequest(const Installation& installation, const Places& places) {
+    return {.configHome = places.configHome,
+            .home = places.home,
+            .programFolders = programFoldersOf(qgetenv("PATH").toStdString()),
+            .hostProgram = installation.browserHost.toStdString(),
+            .extensionIdentifier = std::string(bridge::extensionIdentifier)};
+}
+
+AppBuild thisBuild() {
+    AppBuild build{.identifier = ownApplicationIdentifier,
+                   .updatesEnabled = BRINMOOR_UPDATES_ENABLED != 0,
+                   .version = BRINMOOR_VERSION,
+                   .number = {}};
+    if (const std::string number = BRINMOOR_BUILD_NUMBER; !number.empty())
+        build.number = number;
+    return build;
+}
+
 } // namespace
 
 RealParts::RealParts(const Installation& installation, QQmlEngine& engine)
-    : places_(systemPlaces()), preferences_(places_.preferencesFile),
-      hotKeys_(makeHotKeys(hotKeyDescriptions())), workspace_(makeWorkspace()), files_(engine),
-      certificate_(trustedCertificate()), http_(certificate_),
-      scripts_(installation.automationTool) {}
+    : places_(systemPlaces()),
+      browsers_(manifestRequest(installation, places_), flatpakFolders(places_.dataHome),
+                installation.extensionFolder.toStdString()),
+      preferences_(places_.preferencesFile), hotKeys_(makeHotKeys(hotKeyDescriptions())),
+      workspace_(makeWorkspace()), files_(engine), certificate_(trustedCertificate()),
+      http_(certificate_), scripts_(installation.automationTool) {}
 
 RealParts::~RealParts() = default;
 
 AppParts RealParts::parts() {
-    return {.clock = clock_,
+    return {.browsers = browsers_,
+            .clock = clock_,
             .files = files_,
             .hotKeys = *hotKeys_,
             .opener = opener_,
@@ -59,19 +81,9 @@ AppParts RealParts::parts() {
                                       .toStdString(),
                         .serviceURL = BRINMOOR_SERVICE_URL,
                         .ownerAddress = BRINMOOR_OWNER_ADDRESS},
-            .makeUsageSession = [certificate = certificate_] {
-                return std::make_unique<NetworkHttp>(certificate);
-            }};
-}
-
-std::vector<ManifestOutcome> connectBrowsers(const Installation& installation) {
-    const Places places = systemPlaces();
-    return installNativeMessagingManifests(
-        {.configHome = places.configHome,
-         .home = places.home,
-         .programFolders = programFoldersOf(qgetenv("PATH").toStdString()),
-         .hostProgram = installation.browserHost.toStdString(),
-         .extensionIdentifier = std::string(bridge::extensionIdentifier)});
+            .makeUsageSession =
+                [certificate = certificate_] { return std::make_unique<NetworkHttp>(certificate); },
+            .build = thisBuild()};
 }
 
 } // namespace brinmoor

@@ -3,10 +3,10 @@
 #include "app/AppModel.h"
 #include "browser/ScriptTool.h"
 #include "main/Installation.h"
+#include "platform/linux/DesktopBrowsers.h"
 #include "platform/linux/DesktopPasteboard.h"
 #include "platform/linux/JsonPreferences.h"
 #include "platform/linux/LibsecretStore.h"
-#include "platform/linux/NativeMessagingManifests.h"
 #include "platform/linux/NetworkHttp.h"
 #include "platform/linux/Places.h"
 #include "platform/linux/SystemClock.h"
@@ -15,7 +15,6 @@
 #include "screens/QuickFileDialogs.h"
 
 #include <memory>
-#include <vector>
 
 namespace brinmoor {
 
@@ -30,9 +29,11 @@ public:
 
     [[nodiscard]] AppParts parts();
     [[nodiscard]] SystemOpener& opener() noexcept { return opener_; }
+    [[nodiscard]] BrowserSetup& browsers() noexcept { return browsers_; }
 
 private:
     Places places_;
+    DesktopBrowsers browsers_;
     SystemClock clock_;
     JsonPreferences preferences_;
     std::unique_ptr<HotKeys> hotKeys_;
@@ -46,9 +47,5 @@ private:
     LibsecretStore secrets_;
     ScriptTool scripts_;
 };
-
-/// Tells every installed browser where the helper program lies, and puts right what is no longer
-/// true. Whether a browser is connected is decided by its answer alone, never by what this gives.
-std::vector<ManifestOutcome> connectBrowsers(const Installation& installation);
 
 } // namespace brinmoor

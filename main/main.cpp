@@ -5,8 +5,10 @@
 #include "main/Installation.h"
 #include "main/RealParts.h"
 #include "platform/SystemOpener.h"
+#include "platform/linux/PortalMotion.h"
 #include "screens/QuickPanels.h"
 
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLocale>
@@ -31,6 +33,8 @@ int main(int count, char** arguments) {
 
     const Installation installation = Installation::ofThisProgram();
     QuickPanels panels;
+    PortalMotion motion(QDBusConnection::sessionBus());
+    const Subscription calm = motion.onChange([&] { panels.setReducedMotion(motion.isReduced()); });
     RealParts real(installation, panels.engine());
     QObject::connect(&panels.engine(), &QQmlEngine::quit, &application, &QGuiApplication::quit,
                      Qt::QueuedConnection);
@@ -48,6 +52,6 @@ int main(int count, char** arguments) {
                              shell.applicationDidBecomeActive();
                      });
     // After the first frame: no window waits for it.
-    QTimer::singleShot(0, &application, [&] { connectBrowsers(installation); });
+    QTimer::singleShot(0, &application, [&] { real.browsers().tellBrowsers(); });
     return QGuiApplication::exec();
 }

@@ -13,6 +13,13 @@ void Appearance::setAppearance(AppAppearance appearance) {
     Q_EMIT changed();
 }
 
+void Appearance::setReducedMotion(bool reduced) {
+    if (reduced == reducedMotion_)
+        return;
+    reducedMotion_ = reduced;
+    Q_EMIT reducedMotionChanged();
+}
+
 int Appearance::caretPeriod() {
     return QGuiApplication::styleHints()->cursorFlashTime();
 }

@@ -16,6 +16,7 @@ class Appearance final : public QObject {
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool dark READ isDark NOTIFY changed FINAL)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY reducedMotionChanged FINAL)
     Q_PROPERTY(QColor paper READ paper NOTIFY changed FINAL)
     Q_PROPERTY(QColor sidebar READ sidebar NOTIFY changed FINAL)
     Q_PROPERTY(QColor surface READ surface NOTIFY changed FINAL)
@@ -35,6 +36,10 @@ public:
     [[nodiscard]] AppAppearance appearance() const noexcept { return appearance_; }
     void setAppearance(AppAppearance appearance);
 
+    /// Whether movement is left out.
+    [[nodiscard]] bool reducedMotion() const noexcept { return reducedMotion_; }
+    void setReducedMotion(bool reduced);
+
     [[nodiscard]] bool isDark() const noexcept { return appearance_ == AppAppearance::black; }
     [[nodiscard]] QColor paper() const { return colour(Palette::paper); }
     [[nodiscard]] QColor sidebar() const { return colour(Palette::sidebar); }
@@ -52,11 +57,13 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void reducedMotionChanged();
 
 private:
     [[nodiscard]] QColor colour(const AdaptiveColour& colour) const;
 
     AppAppearance appearance_ = AppAppearance::black;
+    bool reducedMotion_ = false;
 };
 
 } // namespace brinmoor

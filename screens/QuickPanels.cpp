@@ -133,4 +133,8 @@ void QuickPanels::setAppearance(AppAppearance appearance) {
     appearance_.setAppearance(appearance);
 }
 
+void QuickPanels::setReducedMotion(bool reduced) {
+    appearance_.setReducedMotion(reduced);
+}
+
 } // namespace brinmoor

@@ -36,6 +36,9 @@ public:
     void announce(Panel& panel, const std::string& text) override;
     void setAppearance(AppAppearance appearance) override;
 
+    /// Leaves movement out of every window, or takes it up again.
+    void setReducedMotion(bool reduced);
+
     [[nodiscard]] QQmlEngine& engine() noexcept { return engine_; }
 
 private:

@@ -89,6 +89,11 @@ QtObject {
     readonly property int narrowWidth: 700
     readonly property int widestColumn: 884
 
+    // How long something moves or grows: not at all for who has asked for less movement. What only
+    // fades keeps its time.
+    function movement(duration: int): int {
+        return Appearance.reducedMotion ? 0 : duration;
+    }
     // The column of content in a page of this width: in the middle, with a margin on either side.
     function margin(pageWidth: real): real {
         return pageWidth + 60 < narrowWidth ? narrowPageMargin : pageMargin;

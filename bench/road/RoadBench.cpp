@@ -76,7 +76,8 @@ double median(std::vector<double> values) {
 
 /// The same parts with the scripts timed.
 AppParts measured(const AppParts& real, ScriptRunner& timed) {
-    return {.clock = real.clock,
+    return {.browsers = real.browsers,
+            .clock = real.clock,
             .files = real.files,
             .hotKeys = real.hotKeys,
             .opener = real.opener,

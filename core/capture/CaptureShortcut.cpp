@@ -64,6 +64,21 @@ std::string CaptureShortcut::label() const {
     return label + character;
 }
 
+std::vector<std::string> CaptureShortcut::keys() const {
+    std::vector<std::string> keys;
+    for (const Sign& sign : signs) {
+        if ((modifiers & sign.modifier) == 0)
+            continue;
+        std::string name = text::worded(sign.text);
+        // Some wordings join what follows.
+        if (name.ends_with('+'))
+            name.pop_back();
+        keys.push_back(std::move(name));
+    }
+    keys.push_back(character);
+    return keys;
+}
+
 bool CaptureShortcut::sameKeys(const CaptureShortcut& other) const noexcept {
     return keyCode == other.keyCode && modifiers == other.modifiers;
 }

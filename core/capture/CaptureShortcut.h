@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brinmoor {
 
@@ -26,6 +27,9 @@ struct CaptureShortcut {
 
     /// "⌃⌥⇧⌘" as far as they are set, in this order, then `character`; each sign is worded.
     [[nodiscard]] std::string label() const;
+
+    /// The parts of the label, each by itself as a keycap shows it: "Shift", "Super", "K".
+    [[nodiscard]] std::vector<std::string> keys() const;
 
     /// Same key and modifiers: `character` is only for display.
     [[nodiscard]] bool sameKeys(const CaptureShortcut& other) const noexcept;

@@ -142,6 +142,14 @@ TEST_F(AppDelegateTest, anUnknownAppearanceIsTheDarkOne) {
     EXPECT_EQ(panels.log.front(), "black");
 }
 
+TEST_F(AppDelegateTest, aNewAppearanceIsInForceAtOnce) {
+    shell();
+    preferences.set("appAppearance", std::string("cream"));
+    EXPECT_EQ(panels.log.back(), "cream");
+    preferences.set("appAppearance", std::string("black"));
+    EXPECT_EQ(panels.log.back(), "black");
+}
+
 TEST_F(AppDelegateTest, aShortcutThatFailedAtStartOpensTheSettings) {
     const auto quick = defaultShortcut(CaptureAction::quick);
     hotKeys.refused.insert({quick.keyCode, quick.modifiers});

@@ -102,7 +102,8 @@ protected:
                                  .folder = folder.path("Brinmoor"),
                                  .serviceURL = service.address(),
                                  .ownerAddress = "ada@example.org"};
-            const AppParts all{.clock = with.clock,
+            const AppParts all{.browsers = with.browsers,
+                               .clock = with.clock,
                                .files = with.files,
                                .hotKeys = with.hotKeys,
                                .opener = with.opener,

@@ -3,6 +3,7 @@
 #include "app/AppModel.h"
 #include "platform/memory/CountingRandom.h"
 #include "platform/memory/ManualClock.h"
+#include "platform/memory/MemoryBrowserSetup.h"
 #include "platform/memory/MemoryFileDialogs.h"
 #include "platform/memory/MemoryHotKeys.h"
 #include "platform/memory/MemoryHttp.h"
@@ -34,6 +35,7 @@ private:
 
 /// A desktop that the test makes up; only the library is a real file.
 struct MadeUpParts {
+    MemoryBrowserSetup browsers;
     ManualClock clock;
     MemoryFileDialogs files;
     MemoryHotKeys hotKeys;
@@ -51,7 +53,8 @@ struct MadeUpParts {
         return partsFor(libraryPath, clock);
     }
     [[nodiscard]] AppParts partsFor(const std::string& libraryPath, Clock& time) {
-        return {.clock = time,
+        return {.browsers = browsers,
+                .clock = time,
                 .files = files,
                 .hotKeys = hotKeys,
                 .opener = opener,

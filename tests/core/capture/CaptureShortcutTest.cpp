@@ -40,12 +40,16 @@ TEST(CaptureShortcut, aLabelNamesTheModifiersInOneOrder) {
     EXPECT_EQ((CaptureShortcut{0, command | shift | option | control, "A"}.label()), "⌃⌥⇧⌘A");
     EXPECT_EQ((CaptureShortcut{49, command, "Space"}.label()), "⌘Space");
     EXPECT_EQ((CaptureShortcut{0, 0, "A"}.label()), "A");
+    EXPECT_EQ((CaptureShortcut{40, shift | command, "K"}.keys()),
+              (std::vector<std::string>{"⇧", "⌘", "K"}));
 }
 
 TEST(CaptureShortcut, eachSignOfALabelIsWorded) {
     text::setWording(
         [](std::string_view sign) { return std::string(sign == "⌃" ? "Ctrl+" : "?+"); });
     EXPECT_EQ((CaptureShortcut{0, shift | control, "A"}.label()), "Ctrl+?+A");
+    EXPECT_EQ((CaptureShortcut{0, shift | control, "A"}.keys()),
+              (std::vector<std::string>{"Ctrl", "?", "A"}));
     text::setWording(nullptr);
 }
 
