@@ -5,7 +5,7 @@
 namespace brinmoor {
 
 AppRoot::AppRoot(AppModel& model, QObject* parent)
-    : QObject(parent), model_(model), library_(this) {
+    : QObject(parent), model_(model), library_(model, this) {
     connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
     connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
 }

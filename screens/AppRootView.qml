@@ -8,7 +8,7 @@ Rectangle {
 
     required property AppRoot screen
 
-    readonly property bool covered: alert.shown
+    readonly property bool covered: alert.shown || archiveAlert.shown
 
     color: Theme.paper
 
@@ -38,6 +38,10 @@ Rectangle {
             height: parent.height
             screen: root.screen
         }
+    }
+    EmptyArchiveAlert {
+        id: archiveAlert
+        screen: root.screen.library
     }
     ErrorAlert {
         id: alert

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Brinmoor
 
@@ -5,27 +7,28 @@ import Brinmoor
 Item {
     id: state
 
+    required property int kind
+    /// The keys that save a tab.
     required property string keys
+
+    readonly property bool nothingFound: kind === LibraryScreen.NothingFound
+    readonly property bool nothingArchived: kind === LibraryScreen.NothingArchived
+    readonly property bool nothingSaved: kind === LibraryScreen.NothingSaved
 
     Column {
         anchors.centerIn: parent
         anchors.verticalCenterOffset: -18
         width: Math.min(parent.width - 48, 480)
 
-        Rectangle {
+        Bubble {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 60
             height: 60
             radius: 20
-            color: Theme.tint
-
-            IconShape {
-                anchors.centerIn: parent
-                width: 28
-                height: 28
-                name: "places/22/mail-folder-inbox"
-                color: Theme.sage
-            }
+            drawing: state.nothingFound ? "actions/22/edit-find"
+                                        : state.nothingArchived ? "places/22/folder-download"
+                                                                : "places/22/mail-folder-inbox"
+            drawingSide: state.nothingSaved ? 28 : 26
         }
         Item {
             width: 1
@@ -35,7 +38,10 @@ Item {
             width: parent.width
             height: 28
             horizontalAlignment: Text.AlignHCenter
-            text: Wording.words("A little room for good things.")
+            text: state.nothingFound ? Wording.words("No matching links.")
+                                     : state.nothingArchived
+                                       ? Wording.words("Nothing archived.")
+                                       : Wording.words("A little room for good things.")
             font: Theme.smallHeading
             Accessible.role: Accessible.Heading
         }
@@ -43,7 +49,21 @@ Item {
             width: 1
             height: 8
         }
+        PlainText {
+            visible: !state.nothingSaved
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(parent.width, 420)
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            lineHeight: 22
+            lineHeightMode: Text.FixedHeight
+            text: state.nothingFound
+                  ? Wording.words("Try fewer words, another tag, or clear your filters.")
+                  : Wording.words("Swipe left on a saved link to move it here.")
+            color: Theme.ink2
+        }
         Row {
+            visible: state.nothingSaved
             anchors.horizontalCenter: parent.horizontalCenter
             height: 22
             spacing: 8
@@ -64,10 +84,12 @@ Item {
             }
         }
         Item {
+            visible: state.nothingSaved
             width: 1
             height: 4
         }
         PlainText {
+            visible: state.nothingSaved
             width: parent.width
             height: 22
             horizontalAlignment: Text.AlignHCenter

@@ -7,17 +7,18 @@ Item {
 
     property bool focused: false
     property bool hovered: false
+    property int radius: 10
 
     Rectangle {
         visible: ground.focused
         anchors.fill: parent
         anchors.margins: -3
-        radius: 13
+        radius: ground.radius + 3
         color: Theme.ring
     }
     Rectangle {
         anchors.fill: parent
-        radius: 10
+        radius: ground.radius
         color: Theme.surface
         border.width: 1
         border.color: ground.focused ? Theme.sage : ground.hovered ? Theme.fieldHover : Theme.field

@@ -8,6 +8,8 @@ T.Button {
 
     required property string drawing
     property int side: 28
+    /// Its menu is open.
+    property bool held: false
     property int drawingSide: 16
     property color drawingColor: hovered || down ? Theme.ink : Theme.ink3
 
@@ -22,7 +24,7 @@ T.Button {
 
     background: Rectangle {
         radius: 8
-        color: control.down ? Theme.press : control.hovered ? Theme.hover : Qt.alpha(Theme.hover, 0)
+        color: control.down || control.held ? Theme.press : control.hovered ? Theme.hover : Qt.alpha(Theme.hover, 0)
         Behavior on color {
             ColorAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
         }

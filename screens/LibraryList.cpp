@@ -1,7 +1,5 @@
 #include "screens/LibraryList.h"
 
-#include "core/library/LinkDay.h"
-
 #include <algorithm>
 #include <iterator>
 
@@ -9,41 +7,39 @@ namespace brinmoor {
 
 namespace {
 
+QString shown(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
 QStringList tagNames(const SavedLink& link) {
     QStringList names;
     for (const std::string& tag : link.tags)
-        names.append(QString::fromStdString(tag));
+        names.append(shown(tag));
     return names;
 }
 
-std::vector<SavedLink> activeOnes(const std::vector<SavedLink>& links) {
-    std::vector<SavedLink> active;
-    std::ranges::copy_if(links, std::back_inserter(active),
-                         [](const SavedLink& link) { return !link.isArchived; });
-    return active;
+QString importanceOf(const SavedLink& link) {
+    if (!link.importance)
+        return {};
+    const std::string_view stored = storedValue(*link.importance);
+    return QString::fromUtf8(stored.data(), qsizetype(stored.size()));
 }
 
 } // namespace
 
-void LibraryList::show(const std::vector<SavedLink>& links, Instant now,
-                       std::string_view timeZone) {
+void LibraryList::show(std::vector<LinkDay> days) {
+    std::size_t count = 0;
+    for (const LinkDay& day : days)
+        count += day.links.size();
     std::vector<Row> rows;
-    std::vector<std::string> labels;
-    for (LinkDay& day : LinkDay::group(activeOnes(links), now, timeZone)) {
+    rows.reserve(count);
+    for (LinkDay& day : days) {
+        const QString label = shown(day.label);
         for (SavedLink& link : day.links)
-            rows.push_back({std::move(link), labels.size()});
-        labels.push_back(std::move(day.label));
+            rows.push_back({std::move(link), label});
     }
     const bool wasEmpty = isEmpty();
-    // A view reads headings from its neighbours: with other days it has to begin anew.
-    if (labels != dayLabels_) {
-        beginResetModel();
-        rows_ = std::move(rows);
-        dayLabels_ = std::move(labels);
-        endResetModel();
-    } else {
-        replaceRows(std::move(rows));
-    }
+    replaceRows(std::move(rows));
     if (wasEmpty != isEmpty())
         Q_EMIT emptyChanged();
 }
@@ -60,6 +56,13 @@ void LibraryList::replaceRows(std::vector<Row> rows) {
     while (tail < shorter - head &&
            sameRow(rows[rows.size() - 1 - tail], rows_[rows_.size() - 1 - tail]))
         ++tail;
+    if (head + tail == 0) {
+        // Nothing stays: a view begins anew, at the top.
+        beginResetModel();
+        rows_ = std::move(rows);
+        endResetModel();
+        return;
+    }
     adoptValues(rows, 0, 0, head);
     adoptValues(rows, rows_.size() - tail, rows.size() - tail, tail);
     replaceMiddle(std::move(rows), head, tail);
@@ -68,9 +71,11 @@ void LibraryList::replaceRows(std::vector<Row> rows) {
 void LibraryList::adoptValues(std::vector<Row>& rows, std::size_t begin, std::size_t newBegin,
                               std::size_t count) {
     for (std::size_t at = 0; at < count; ++at) {
-        if (rows_[begin + at].link == rows[newBegin + at].link)
+        SavedLink& mine = rows_[begin + at].link;
+        SavedLink& other = rows[newBegin + at].link;
+        if (mine == other)
             continue;
-        rows_[begin + at].link = std::move(rows[newBegin + at].link);
+        mine = std::move(other);
         const QModelIndex changed = index(int(begin + at));
         Q_EMIT dataChanged(changed, changed);
     }
@@ -101,28 +106,48 @@ QVariant LibraryList::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Row& row = rows_[std::size_t(index.row())];
+    const SavedLink& link = row.link;
     switch (role) {
+    case LinkIdRole:
+        return shown(link.id.string());
     case Qt::DisplayRole:
     case TitleRole:
-        return QString::fromStdString(row.link.title);
+        return shown(link.title);
     case DomainRole:
-        return QString::fromStdString(row.link.domain());
+        return shown(link.domain());
+    case AddressRole:
+        return shown(link.url);
+    case IconRole:
+        return shown(link.iconURL.value_or(""));
     case TagsRole:
-        return tagNames(row.link);
+        return tagNames(link);
     case NoteRole:
-        return QString::fromStdString(row.link.note);
+        return shown(link.note);
     case FavoriteRole:
-        return row.link.isFavorite;
+        return link.isFavorite;
+    case ArchivedRole:
+        return link.isArchived;
+    case ImportanceRole:
+        return importanceOf(link);
     case DayRole:
-        return QString::fromStdString(dayLabels_[row.day]);
+        return row.day;
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> LibraryList::roleNames() const {
-    return {{TitleRole, "title"}, {DomainRole, "domain"},       {TagsRole, "tags"},
-            {NoteRole, "note"},   {FavoriteRole, "isFavorite"}, {DayRole, "day"}};
+    return {{LinkIdRole, "linkId"},
+            {TitleRole, "title"},
+            {DomainRole, "domain"},
+            {AddressRole, "address"},
+            {IconRole, "iconHint"},
+            {TagsRole, "tags"},
+            {NoteRole, "note"},
+            {FavoriteRole, "isFavorite"},
+            {ArchivedRole, "isArchived"},
+            {ImportanceRole, "importance"},
+            {DayRole, "day"}};
 }
 
 } // namespace brinmoor

@@ -2,32 +2,43 @@
 
 #include <QAbstractListModel>
 #include <QQmlEngine>
+#include <QString>
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 // Last, since moc stumbles over <compare> as the first header of the standard library.
-#include "core/library/SavedLink.h"
+#include "core/library/LinkDay.h"
 
 namespace brinmoor {
 
-/// The rows of the library list: the active links by day, newest first. Texts are made for the
+/// The rows of the library list: links under the headings of their groups. Texts are made for the
 /// rows that a view asks for, and for no others.
 class LibraryList : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("made by the library window")
+    QML_UNCREATABLE("made by the library screen")
     Q_PROPERTY(bool empty READ isEmpty NOTIFY emptyChanged FINAL)
 
 public:
-    enum Role { TitleRole = Qt::UserRole, DomainRole, TagsRole, NoteRole, FavoriteRole, DayRole };
+    enum Role {
+        LinkIdRole = Qt::UserRole,
+        TitleRole,
+        DomainRole,
+        AddressRole,
+        IconRole,
+        TagsRole,
+        NoteRole,
+        FavoriteRole,
+        ArchivedRole,
+        ImportanceRole, ///< as it is stored, or empty
+        DayRole
+    };
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// Shows the active ones of `links`, grouped by the day of the time zone with this IANA name.
-    /// Rows that are the same as before stay, so that a view keeps its place.
-    void show(const std::vector<SavedLink>& links, Instant now, std::string_view timeZone);
+    /// Shows the links of `days` in their order. Rows that are the same as before stay, so that a
+    /// view keeps its place.
+    void show(std::vector<LinkDay> days);
 
     [[nodiscard]] bool isEmpty() const noexcept { return rows_.empty(); }
 
@@ -41,7 +52,7 @@ Q_SIGNALS:
 private:
     struct Row {
         SavedLink link;
-        std::size_t day = 0; ///< index in `dayLabels_`
+        QString day; ///< the heading that it stands under; one text for all of them
     };
 
     void replaceRows(std::vector<Row> rows);
@@ -50,7 +61,6 @@ private:
                      std::size_t count);
 
     std::vector<Row> rows_;
-    std::vector<std::string> dayLabels_;
 };
 
 } // namespace brinmoor

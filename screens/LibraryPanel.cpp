@@ -1,8 +1,8 @@
 #include "screens/LibraryPanel.h"
 
 #include "app/AppModel.h"
-#include "platform/Clock.h"
 #include "platform/Preferences.h"
+#include "screens/AppRoot.h"
 #include "screens/WindowFrame.h"
 
 #include <QGuiApplication>
@@ -28,47 +28,16 @@ QList<QRect> availableAreas() {
 } // namespace
 
 LibraryPanel::LibraryPanel(QQmlEngine& engine, AppModel& model)
-    : QuickPanel(engine, PanelKind::window, QStringLiteral("Brinmoor")), model_(model),
-      root_(new AppRoot(model, &view())), screen_(root_->library()) {
+    : QuickPanel(engine, PanelKind::window, QStringLiteral("Brinmoor")), model_(model) {
     view().setMinimumSize(leastSize);
     view().resize(usualSize);
-    load(QStringLiteral("AppRootView"), {{QStringLiteral("screen"), QVariant::fromValue(root_)}});
-    follow();
+    load(QStringLiteral("AppRootView"),
+         {{QStringLiteral("screen"), QVariant::fromValue(new AppRoot(model, &view()))}});
     restoreFrame();
 }
 
 LibraryPanel::~LibraryPanel() {
     saveFrame();
-}
-
-void LibraryPanel::follow() {
-    connect(&model_, &AppModel::libraryChanged, this, [this] { showLinks(); });
-    connect(&model_, &AppModel::shortcutsChanged, this, [this] { showHint(); });
-    connect(&model_, &AppModel::preferencesChanged, this, [this] { showHint(); });
-    showLinks();
-    showHint();
-    refreshDays();
-}
-
-void LibraryPanel::showLinks() {
-    const Clock& clock = model_.clock();
-    screen_->links()->show(model_.library().links, clock.now(), clock.timeZone());
-}
-
-void LibraryPanel::showHint() {
-    const auto found = model_.shortcuts().find(CaptureAction::quick);
-    const QString label = found == model_.shortcuts().end()
-                              ? QStringLiteral("K")
-                              : QString::fromStdString(found->second.label());
-    screen_->setHint(label, model_.closeAfterQuickSave());
-}
-
-void LibraryPanel::refreshDays() {
-    // "Today" becomes "Yesterday" while the window stands open.
-    nextMinute_ = model_.clock().after(std::chrono::minutes(1), [this] {
-        showLinks();
-        refreshDays();
-    });
 }
 
 void LibraryPanel::restoreFrame() {

@@ -1,16 +1,14 @@
 #pragma once
 
-#include "platform/Subscription.h"
-#include "screens/AppRoot.h"
 #include "screens/QuickPanel.h"
 
 #include <QTimer>
 
 namespace brinmoor {
 
-class Preferences;
+class AppModel;
 
-/// The library window. It keeps its frame between runs and follows the model.
+/// The library window. It keeps its frame between runs.
 class LibraryPanel final : public QuickPanel {
     Q_OBJECT
 
@@ -22,18 +20,11 @@ public:
     void orderOut() override;
 
 private:
-    void follow();
-    void showLinks();
-    void showHint();
     void restoreFrame();
     void saveFrame();
-    void refreshDays();
 
     AppModel& model_;
-    AppRoot* root_;
-    LibraryScreen* screen_;
     QTimer frameSettled_;
-    Subscription nextMinute_;
 };
 
 } // namespace brinmoor

@@ -1,115 +1,80 @@
 import QtQuick
-import QtQuick.Templates as T
 import Brinmoor
 
-// The links by day, newest first.
+// The links by day, newest first, or those that a search finds.
 FocusScope {
     id: view
 
     required property LibraryScreen screen
 
-    Item {
-        id: header
+    function focusSearch() {
+        header.searchField.enter();
+    }
 
-        x: Theme.columnLeft(view.width)
-        y: 20
-        width: Theme.columnWidth(view.width)
-        height: 34
-
-        PlainText {
-            id: wordmark
-            height: parent.height
-            text: "brinmoor"
-            font: Theme.wordmark
-            Accessible.role: Accessible.Heading
+    Shortcut {
+        sequences: ["Ctrl+F"]
+        enabled: view.enabled && view.visible
+        onActivated: view.focusSearch()
+    }
+    Connections {
+        target: view.screen
+        function onSearchFocusWanted() {
+            view.focusSearch();
         }
-        PlainText {
-            anchors.left: wordmark.right
-            anchors.leftMargin: 10
-            anchors.baseline: wordmark.baseline
-            text: Wording.words("On your Mac")
-            color: Theme.ink3
-            font: Theme.small
+        function onListRestarted() {
+            list.restart();
         }
     }
-    ListView {
+    LibraryHeader {
+        id: header
+
+        // Its suggestions hang over the list.
+        z: 1
+        x: Theme.columnLeft(view.width)
+        width: Theme.columnWidth(view.width)
+        screen: view.screen
+
+        Connections {
+            target: header.searchField
+            function onLeftDownwards() {
+                list.forceActiveFocus(Qt.TabFocusReason);
+            }
+        }
+    }
+    LinkListView {
         id: list
 
         anchors.top: header.bottom
         anchors.topMargin: 6
         anchors.bottom: footer.top
         width: parent.width
-        clip: true
         focus: true
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
-        spacing: 1
-        cacheBuffer: 200
-        bottomMargin: 12
-        currentIndex: -1
-        model: view.screen.links
-        section.property: "day"
+        screen: view.screen
         section.delegate: DayHeading {}
-        delegate: LinkRow {}
-        Accessible.role: Accessible.List
-        Accessible.name: Wording.words("Library")
-
-        T.ScrollBar.vertical: ThinScrollBar {}
+        Keys.onEscapePressed: {
+            if (view.screen.search.query.length > 0)
+                view.screen.search.query = "";
+        }
     }
     EmptyState {
         visible: view.screen.links.empty
         anchors.fill: list
+        kind: view.screen.emptyState
         keys: view.screen.shortcutLabel
     }
-    Item {
+    UndoBar {
+        x: Math.round((parent.width - width) / 2)
+        anchors.bottom: footer.top
+        anchors.bottomMargin: 14
+        message: view.screen.undoMessage
+        onUndone: view.screen.undoArchive()
+        onDismissed: view.screen.dismissUndo()
+    }
+    LibraryFooter {
         id: footer
 
         anchors.bottom: parent.bottom
         width: parent.width
-        height: 42
-
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.line
-        }
-        Row {
-            x: Theme.margin(view.width)
-            height: parent.height
-            spacing: 7
-
-            IconShape {
-                y: Math.round((parent.height - height) / 2)
-                width: 14
-                height: 14
-                name: "actions/16/object-locked"
-                color: Theme.ink3
-            }
-            PlainText {
-                height: parent.height
-                text: Wording.words("Only on your Mac")
-                color: Theme.ink3
-                font: Theme.small
-            }
-        }
-        Row {
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.margin(view.width)
-            height: parent.height
-            spacing: 8
-
-            Keycap {
-                y: Math.round((parent.height - height) / 2)
-                keys: view.screen.shortcutLabel
-            }
-            PlainText {
-                height: parent.height
-                text: view.screen.closesAfterSave ? Wording.words("to save & close a tab")
-                                                  : Wording.words("to save a tab")
-                color: Theme.ink3
-                font: Theme.small
-            }
-        }
+        screen: view.screen
     }
 }

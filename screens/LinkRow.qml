@@ -3,44 +3,48 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Brinmoor
 
-// One link of the list.
-Item {
+// One link: what it is called, where it is, what was noted about it.
+Rectangle {
     id: row
 
+    required property string linkId
     required property string title
     required property string domain
-    required property var tags
+    required property string address
+    required property string iconHint
+    required property list<string> tags
     required property string note
     required property bool isFavorite
+    required property bool isArchived
+    required property LibraryScreen screen
+    /// The keyboard is in this row, and came there by keys.
+    required property bool current
+    required property bool ringed
+    /// Pushed aside, the row is a card that hides what lies behind it.
+    required property bool pushed
 
-    readonly property bool keyboardHere: ListView.isCurrentItem && ListView.view.activeFocus
-    readonly property real pageWidth: ListView.view ? ListView.view.width : 0
+    readonly property bool hovered: pointer.hovered
+    readonly property bool active: hovered || current
 
-    x: Theme.columnLeft(pageWidth) - 12
-    width: Theme.columnWidth(pageWidth) + 24
-    height: Math.max(42, texts.height) + 20
-    Accessible.role: Accessible.ListItem
-    Accessible.name: title
-    Accessible.description: domain
+    implicitHeight: Math.max(42, texts.height) + 20
+    radius: 14
+    color: active || pushed ? Theme.surface : Qt.alpha(Theme.surface, 0)
+    border.width: ringed ? 2 : 1
+    border.color: ringed ? Theme.sage : active || pushed ? Theme.line : Qt.alpha(Theme.line, 0)
+    Behavior on color {
+        enabled: !row.pushed
+        ColorAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
+    }
 
     HoverHandler {
         id: pointer
-    }
-    Rectangle {
-        anchors.fill: parent
-        radius: 14
-        color: pointer.hovered || row.keyboardHere ? Theme.surface : Qt.alpha(Theme.surface, 0)
-        border.width: row.keyboardHere ? 2 : 1
-        border.color: row.keyboardHere ? Theme.sage
-                                       : pointer.hovered ? Theme.line : Qt.alpha(Theme.line, 0)
-        Behavior on color {
-            ColorAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
-        }
     }
     DomainTile {
         x: 12
         y: 10
         domain: row.domain
+        address: row.address
+        iconHint: row.iconHint
     }
     Column {
         id: texts
@@ -62,7 +66,7 @@ Item {
             spacing: 4
 
             PlainText {
-                width: Math.min(Math.ceil(implicitWidth), parent.width)
+                width: Math.min(Math.ceil(implicitWidth), texts.width)
                 height: 20
                 rightPadding: 5
                 text: row.domain
@@ -71,12 +75,18 @@ Item {
                 Accessible.ignored: true
             }
             Repeater {
+                model: row.isArchived ? 1 : 0
+                delegate: ArchivedMark {}
+            }
+            Repeater {
                 model: row.tags
                 delegate: RowTag {
                     required property string modelData
 
                     tag: modelData
                     greatestWidth: texts.width
+                    focusPolicy: row.current ? Qt.StrongFocus : Qt.NoFocus
+                    onClicked: row.screen.search.selectTag(tag)
                 }
             }
         }
@@ -90,16 +100,35 @@ Item {
             maximumLineCount: 2
             lineHeight: 19
             lineHeightMode: Text.FixedHeight
+            Accessible.ignored: true
         }
     }
-    IconShape {
-        visible: row.isFavorite
+    Row {
         anchors.right: parent.right
-        anchors.rightMargin: 18
-        y: 16
-        width: 16
-        height: 16
-        name: "emblems/16/rating"
-        color: Theme.sage
+        anchors.rightMargin: 11
+        y: 9
+        layoutDirection: Qt.RightToLeft
+        spacing: 2
+
+        Repeater {
+            model: row.active || row.isFavorite ? 1 : 0
+            delegate: RowButton {
+                reachable: row.current
+                drawing: row.isFavorite ? "emblems/16/rating" : "emblems/16/rating-unrated"
+                drawingColor: row.isFavorite ? Theme.sage : hovered || down ? Theme.ink : Theme.ink3
+                text: row.isFavorite ? Wording.words("Remove Favorite")
+                                     : Wording.words("Favorite Link")
+                onClicked: row.screen.commands.toggleFavorite(row.linkId)
+            }
+        }
+        Repeater {
+            model: row.active ? 1 : 0
+            delegate: RowButton {
+                reachable: row.current
+                drawing: "actions/16/document-edit"
+                text: Wording.words("Edit note and tags")
+                onClicked: row.screen.commands.edit(row.linkId)
+            }
+        }
     }
 }

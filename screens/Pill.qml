@@ -11,7 +11,7 @@ T.Button {
     property bool selected: false
     property string drawing: ""
 
-    implicitWidth: Math.ceil(implicitContentWidth) + 24
+    implicitWidth: Math.ceil(implicitContentWidth)
     implicitHeight: 30
     padding: 0
     hoverEnabled: true
@@ -38,29 +38,24 @@ T.Button {
             gap: 0
         }
     }
-    contentItem: Item {
-        implicitWidth: childrenRect.width
-        implicitHeight: 20
+    contentItem: Row {
+        leftPadding: 12
+        rightPadding: 12
+        spacing: 7
 
-        Row {
-            x: Math.round((parent.width - width) / 2)
+        IconShape {
+            visible: control.drawing.length > 0
             y: Math.round((parent.height - height) / 2)
-            spacing: 7
-
-            IconShape {
-                visible: control.drawing.length > 0
-                y: Math.round((parent.height - height) / 2)
-                width: 16
-                height: 16
-                name: control.drawing
-                color: control.selected ? Theme.sage : Theme.ink2
-            }
-            PlainText {
-                height: 20
-                text: control.text
-                color: control.selected ? Theme.sage : Theme.ink
-                font: control.font
-            }
+            width: 16
+            height: 16
+            name: control.drawing
+            color: control.selected ? Theme.sage : Theme.ink2
+        }
+        PlainText {
+            height: parent.height
+            text: control.text
+            color: control.selected ? Theme.sage : Theme.ink
+            font: control.font
         }
     }
 }

@@ -72,10 +72,13 @@ QtObject {
     readonly property font fieldText: sans(14, Font.Normal)
     readonly property font body: sans(13, Font.Normal)
     readonly property font button: sans(13, Font.DemiBold)
+    readonly property font filter: sans(13, Font.Medium)
     readonly property font small: sans(12, Font.Normal)
     readonly property font smallMedium: sans(12, Font.Medium)
     readonly property font smallButton: sans(12, Font.DemiBold)
     readonly property font tag: sans(11, Font.Medium)
+    readonly property font menuHeading: sans(11, Font.DemiBold)
+    readonly property font swipeLabel: sans(9, Font.DemiBold)
     readonly property font sectionLabel: Qt.font({
         family: "Inter",
         pixelSize: 11,
@@ -84,6 +87,7 @@ QtObject {
     })
 
     readonly property int groundDuration: 140
+    readonly property int rowDuration: 180
     readonly property int pageMargin: 32
     readonly property int narrowPageMargin: 24
     readonly property int narrowWidth: 700

@@ -72,6 +72,14 @@
         <translation>On your computer</translation>
     </message>
     <message>
+        <source>New: anonymous usage counts help improve Brinmoor. Your links and notes stay on this Mac.</source>
+        <translation>New: anonymous usage counts help improve Brinmoor. Your links and notes stay on this computer.</translation>
+    </message>
+    <message>
+        <source>These archived links, notes, and tags will be removed from this Mac. This cannot be undone. Links outside Archive are kept.</source>
+        <translation>These archived links, notes, and tags will be removed from this computer. This cannot be undone. Links outside Archive are kept.</translation>
+    </message>
+    <message>
         <source>Only on your Mac</source>
         <translation>Only on your computer</translation>
     </message>

@@ -1,5 +1,6 @@
 #include "screens/LibraryList.h"
 
+#include "core/search/LibraryFilter.h"
 #include "screens/LibraryTags.h"
 
 #include <QAbstractItemModelTester>
@@ -29,7 +30,9 @@ SavedLink link(int number, double hoursAgo) {
 
 class LibraryListTest : public ::testing::Test {
 protected:
-    void show(const std::vector<SavedLink>& links) { list.show(links, noon, "UTC"); }
+    void show(const std::vector<SavedLink>& links) {
+        list.show(LibraryFilter{}.days(links, noon, "UTC"));
+    }
     [[nodiscard]] QString shown(int row, int role) const {
         return list.data(list.index(row), role).toString();
     }
@@ -100,10 +103,10 @@ TEST_F(LibraryListTest, anyChangeLeadsToWhatAFreshListShows) {
         }
         show(links);
         LibraryList fresh;
-        fresh.show(links, noon, "UTC");
+        fresh.show(LibraryFilter{}.days(links, noon, "UTC"));
         ASSERT_EQ(list.rowCount(), fresh.rowCount());
         for (int row = 0; row < list.rowCount(); ++row)
-            for (int role = LibraryList::TitleRole; role <= LibraryList::DayRole; ++role)
+            for (int role = LibraryList::LinkIdRole; role <= LibraryList::DayRole; ++role)
                 ASSERT_EQ(list.data(list.index(row), role), fresh.data(fresh.index(row), role));
     }
 }

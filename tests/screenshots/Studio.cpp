@@ -10,6 +10,8 @@ namespace brinmoor {
 
 Desk::Desk(const Library& library) {
     clock.present = sampleNow;
+    preferences.set("hasSeenUsageNotice", true);
+    preferences.set("hasCompletedOnboarding", true);
     if (!LibraryFile(libraryPath()).save(library).ok())
         qFatal("The sample library can't be written.");
 }

@@ -1,0 +1,69 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Brinmoor
+
+// What lies behind a row that is pushed aside: the buttons of the uncovered side.
+Item {
+    id: buttons
+
+    required property SwipeEvents swipe
+    required property string linkId
+    required property bool isArchived
+    required property LinkCommands commands
+
+    readonly property bool atLeft: swipe.offset > 0
+
+    x: atLeft ? 0 : parent.width - width
+    width: Math.abs(swipe.offset)
+    height: parent.height
+    clip: true
+
+    Row {
+        x: (parent.width - width) / 2
+        height: parent.height
+        spacing: 8
+        visible: buttons.atLeft
+
+        SwipeActionButton {
+            height: parent.height
+            title: Wording.words("Copy")
+            drawing: "actions/16/link"
+            expansion: buttons.swipe.copyIntent
+            pending: buttons.swipe.copyPending
+            onClicked: buttons.swipe.copyWanted()
+        }
+        SwipeActionButton {
+            height: parent.height
+            title: Wording.words("Email")
+            drawing: "actions/16/mail-message"
+            onClicked: buttons.commands.share(buttons.linkId)
+        }
+    }
+    Row {
+        x: (parent.width - width) / 2
+        height: parent.height
+        spacing: 8
+        visible: !buttons.atLeft
+
+        SwipeActionButton {
+            visible: !buttons.isArchived
+            height: parent.height
+            title: Wording.words("Delete")
+            drawing: "actions/16/edit-delete"
+            tone: Theme.muted
+            onClicked: {
+                buttons.swipe.close();
+                buttons.commands.remove(buttons.linkId);
+            }
+        }
+        SwipeActionButton {
+            height: parent.height
+            title: buttons.isArchived ? Wording.words("Restore") : Wording.words("Archive")
+            drawing: buttons.isArchived ? "actions/16/edit-undo" : "places/16/folder-download"
+            expansion: buttons.swipe.archiveIntent
+            pending: buttons.swipe.archivePending
+            onClicked: buttons.swipe.archiveWanted()
+        }
+    }
+}
