@@ -2,6 +2,8 @@
 
 #include "app/AppUpdater.h"
 #include "app/SavedSettings.h"
+#include "app/TabCleanup.h"
+#include "browser/TabSearchModel.h"
 #include "core/text/Wording.h"
 #include "platform/Clock.h"
 #include "platform/Preferences.h"
@@ -30,6 +32,8 @@ void AppDelegate::launch() {
     model_ = std::make_unique<AppModel>(parts_);
     installCallbacks();
     libraryWindow_ = panels_.libraryWindow(*model_);
+    setupMenus();
+    setupStatusItem();
     openLibrary();
     model_->updater().start();
     openURLs(std::exchange(pendingURLs_, {}));
@@ -45,6 +49,12 @@ void AppDelegate::followAppearance() {
 }
 
 void AppDelegate::installCallbacks() {
+    model_->showTabSearch = [this] { openTabSearch(); };
+    model_->tabSearch().close = [this] {
+        if (tabSearchPanel_)
+            tabSearchPanel_->orderOut();
+    };
+    model_->tabCleanup().showCleanupReview = [this](const TabCleanupDraft&) { openLibrary(); };
     model_->updater().activateApplication = [this] { openLibrary(); };
     model_->showLibrary = [this] { openLibrary(); };
     model_->showAccount = [this] { openAccount(); };
@@ -65,8 +75,11 @@ void AppDelegate::retire(std::unique_ptr<Panel>& panel) {
     panel->willClose = nullptr;
     panel->orderOut();
     retired_.push_back(std::move(panel));
-    QMetaObject::invokeMethod(
-        &nextTurn_, [this] { retired_.clear(); }, Qt::QueuedConnection);
+    afterThis([this] { retired_.clear(); });
+}
+
+void AppDelegate::afterThis(std::function<void()> action) {
+    QMetaObject::invokeMethod(&nextTurn_, std::move(action), Qt::QueuedConnection);
 }
 
 void AppDelegate::openLibrary() {
@@ -177,19 +190,15 @@ NoticeActions AppDelegate::noticeActions() {
     actions.dismiss = [this] { toastPanel_->orderOut(); };
     actions.openSettings = [this] {
         toastPanel_->orderOut();
-        if (openAutomationSettings)
-            openAutomationSettings();
+        model_->presentBrowserAccess();
+        openLibrary();
     };
     actions.saveClipboard = [this](const std::string& url, bool withNote) {
         toastPanel_->orderOut();
         // What opens next must not happen within this panel's own event.
-        QMetaObject::invokeMethod(
-            &nextTurn_,
-            [this, url, withNote] {
-                model_->saveClipboard(url,
-                                      withNote ? ClipboardSave::withNote : ClipboardSave::atOnce);
-            },
-            Qt::QueuedConnection);
+        afterThis([this, url, withNote] {
+            model_->saveClipboard(url, withNote ? ClipboardSave::withNote : ClipboardSave::atOnce);
+        });
     };
     return actions;
 }

@@ -31,11 +31,18 @@ public:
     /// The model; nullptr before launch().
     [[nodiscard]] AppModel* model() const noexcept { return model_.get(); }
 
-    /// Shows how a browser is connected; a notice's button asks for it.
-    std::function<void()> openAutomationSettings;
-
+    // What the menus do.
     void openLibrary();
     void openSettings();
+    /// The search of open tabs, empty and read afresh. It keeps its place between openings.
+    void openTabSearch();
+    void capture(CaptureAction action);
+    void addLink();
+    void focusSearch();
+    void importLibrary();
+    /// A text's own undo first, then the library's.
+    void performUndo();
+    [[nodiscard]] bool canUndo() const;
     /// Shows the account and brings it in step with the stored login.
     void openAccount();
     /// Takes return URLs of a sign-in; before launch() they wait.
@@ -46,12 +53,17 @@ public:
     [[nodiscard]] Panel* libraryWindow() const noexcept { return libraryWindow_.get(); }
     [[nodiscard]] Panel* captureEditor() const noexcept { return captureEditor_.get(); }
     [[nodiscard]] Panel* tabSelectionPanel() const noexcept { return tabSelectionPanel_.get(); }
+    [[nodiscard]] Panel* tabSearchPanel() const noexcept { return tabSearchPanel_.get(); }
     [[nodiscard]] Panel* toastPanel() const noexcept { return toastPanel_.get(); }
 
 private:
     /// The theme is switched in every open window, whichever copy of the program chose it.
     void followAppearance();
     void installCallbacks();
+    void setupMenus();
+    void setupStatusItem();
+    /// Runs `action` in a turn of its own: a menu is over by then.
+    void afterThis(std::function<void()> action);
     void openCaptureEditor(const CaptureDraft& draft);
     void closeCaptureEditor();
     void openTabSelection(const TabSelectionDraft& draft);
@@ -75,6 +87,7 @@ private:
     std::unique_ptr<Panel> tabSelectionPanel_;
     std::optional<Uuid> tabSelectionDraftID_;
     std::optional<RunningApplication> returnToApp_;
+    std::unique_ptr<Panel> tabSearchPanel_;
     std::unique_ptr<Panel> toastPanel_;
     Subscription toastDismiss_;
     Subscription appearance_;

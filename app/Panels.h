@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CaptureDraft.h"
+#include "app/Menus.h"
 #include "app/SavedSettings.h"
 #include "core/capture/CaptureNotice.h"
 
@@ -69,6 +70,9 @@ struct NoticeActions {
     std::function<void(const std::string& url, bool withNote)> saveClipboard;
 };
 
+/// What the window with the keyboard does by itself.
+enum class WindowCommand { hide, quit, closeWindow, undoText, cut, copy, paste, selectAll };
+
 /// Makes the windows. The shell decides which of them exist, when and where; what they show is
 /// the screens'. Main thread.
 class Panels {
@@ -95,6 +99,15 @@ public:
     [[nodiscard]] virtual PanelPoint pointer() const = 0;
     /// Whether one of this application's windows has the keyboard.
     [[nodiscard]] virtual bool applicationIsActive() const = 0;
+
+    /// Whether what has the keyboard can do it now.
+    [[nodiscard]] virtual bool canPerform(WindowCommand command) const = 0;
+    virtual void perform(WindowCommand command) = 0;
+
+    /// The library window's menus, with their keys. Titles are as the user reads them.
+    virtual void setMainMenu(std::vector<Menu> menus) = 0;
+    /// The menu of the icon among the desktop's status icons, where the desktop has a place for it.
+    virtual void setStatusItem(Menu menu) = 0;
 
     /// Says `text` to assistive technology at once, on behalf of `panel`.
     virtual void announce(Panel& panel, const std::string& text) = 0;

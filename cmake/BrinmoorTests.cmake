@@ -1,8 +1,9 @@
-# brinmoor_test(<name> SOURCES ... LINKS ... [DESKTOP] [TIMEOUT seconds] [LABEL label])
+# brinmoor_test(<name> SOURCES ... LINKS ... [DESKTOP] [APART] [TIMEOUT seconds] [LABEL label])
 #
 # A GoogleTest program, one ctest entry a test case. DESKTOP runs it inside a virtual display with
 # a window manager and a private D-Bus session, one entry for the whole program. The LABEL says in
-# which builds its cases run: "logic", unless given, under the sanitizers too.
+# which builds its cases run: "logic", unless given, under the sanitizers too. APART: its sources
+# have names in common, and are compiled one by one in every build.
 
 find_package(GTest REQUIRED)
 include(GoogleTest)
@@ -11,7 +12,7 @@ include(GoogleTest)
 add_custom_target(logic-tests)
 
 function(brinmoor_test name)
-    cmake_parse_arguments(ARG "DESKTOP" "TIMEOUT;LABEL" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "DESKTOP;APART" "TIMEOUT;LABEL" "SOURCES;LINKS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
     endif()
@@ -22,6 +23,9 @@ function(brinmoor_test name)
     target_link_libraries(${name} PRIVATE brinmoor_options ${ARG_LINKS} GTest::gmock)
     # Most of the time that a test takes to compile is these headers and their optimisation.
     target_compile_options(${name} PRIVATE -O0)
+    if(ARG_APART)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
     list(LENGTH ARG_SOURCES sources)
     if(sources GREATER 3)
         target_precompile_headers(${name} PRIVATE <gmock/gmock.h>)

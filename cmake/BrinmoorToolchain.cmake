@@ -17,6 +17,10 @@ target_compile_options(brinmoor_options INTERFACE -Wall -Wextra -Wconversion -Ws
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 sees uninitialised reads inside std::variant where there are none.
     target_compile_options(brinmoor_options INTERFACE -Wno-maybe-uninitialized)
+    # Where several sources are compiled at once, GCC takes them all for headers.
+    if(CMAKE_UNITY_BUILD)
+        target_compile_options(brinmoor_options INTERFACE -Wno-subobject-linkage)
+    endif()
 endif()
 if(BRINMOOR_WERROR)
     target_compile_options(brinmoor_options INTERFACE -Werror)

@@ -23,17 +23,17 @@ std::string keyOf(const WebAddress& origin, const std::optional<WebAddress>& exp
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
 }
 
-struct Entry {
-    Icon data; ///< absent: there was none
-    Instant expires;
-};
-
 } // namespace
 
 struct SiteIconLoader::State {
     State(Http& http, Clock& clock_, IconPictures& pictures_, const std::string& folder,
           IconFetches::Limits limits)
         : clock(clock_), pictures(pictures_), files(folder), fetches(http, limits) {}
+
+    struct Entry {
+        std::optional<QByteArray> data; ///< absent: there was none
+        Instant expires;
+    };
 
     Clock& clock;
     IconPictures& pictures;

@@ -39,10 +39,6 @@ int main(int count, char** arguments) {
     QObject::connect(&panels.engine(), &QQmlEngine::quit, &application, &QGuiApplication::quit,
                      Qt::QueuedConnection);
     AppDelegate shell(real.parts(), panels);
-    shell.openAutomationSettings = [&] {
-        const QUrl page = QUrl::fromLocalFile(installation.browserAccessPage);
-        real.opener().openAddress(page.toString(QUrl::FullyEncoded).toStdString());
-    };
     shell.launch();
     desktop.activate = [&] { shell.openLibrary(); };
     desktop.open = [&](const std::vector<std::string>& addresses) { shell.openURLs(addresses); };

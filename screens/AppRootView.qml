@@ -7,16 +7,17 @@ Rectangle {
     id: root
 
     required property AppRoot screen
+    required property ShellMenus menus
 
     readonly property bool covered: alert.shown || archiveAlert.shown
 
     color: Theme.paper
 
-    Shortcut {
-        sequences: ["Ctrl+W"]
-        onActivated: root.Window.window.close()
+    MainMenu {
+        id: mainMenu
+        menus: root.menus
+        z: 1
     }
-
     FocusScope {
         id: page
 
@@ -37,6 +38,11 @@ Rectangle {
             id: rail
             height: parent.height
             screen: root.screen
+
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                onTapped: at => mainMenu.popup(at.position.x, at.position.y)
+            }
         }
     }
     EmptyArchiveAlert {

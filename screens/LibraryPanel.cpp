@@ -3,6 +3,7 @@
 #include "app/AppModel.h"
 #include "platform/Preferences.h"
 #include "screens/AppRoot.h"
+#include "screens/ShellMenu.h"
 #include "screens/WindowFrame.h"
 
 #include <QGuiApplication>
@@ -27,12 +28,13 @@ QList<QRect> availableAreas() {
 
 } // namespace
 
-LibraryPanel::LibraryPanel(QQmlEngine& engine, AppModel& model)
+LibraryPanel::LibraryPanel(QQmlEngine& engine, AppModel& model, ShellMenus& menus)
     : QuickPanel(engine, PanelKind::window, QStringLiteral("Brinmoor")), model_(model) {
     view().setMinimumSize(leastSize);
     view().resize(usualSize);
     load(QStringLiteral("AppRootView"),
-         {{QStringLiteral("screen"), QVariant::fromValue(new AppRoot(model, &view()))}});
+         {{QStringLiteral("screen"), QVariant::fromValue(new AppRoot(model, &view()))},
+          {QStringLiteral("menus"), QVariant::fromValue(&menus)}});
     restoreFrame();
 }
 

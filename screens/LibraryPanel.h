@@ -7,13 +7,14 @@
 namespace brinmoor {
 
 class AppModel;
+class ShellMenus;
 
 /// The library window. It keeps its frame between runs.
 class LibraryPanel final : public QuickPanel {
     Q_OBJECT
 
 public:
-    LibraryPanel(QQmlEngine& engine, AppModel& model);
+    LibraryPanel(QQmlEngine& engine, AppModel& model, ShellMenus& menus);
     ~LibraryPanel() override;
 
     void makeKeyAndOrderFront() override;

@@ -11,11 +11,6 @@ FocusScope {
         header.searchField.enter();
     }
 
-    Shortcut {
-        sequences: ["Ctrl+F"]
-        enabled: view.enabled && view.visible
-        onActivated: view.focusSearch()
-    }
     Connections {
         target: view.screen
         function onSearchFocusWanted() {

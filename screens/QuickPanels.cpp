@@ -7,16 +7,19 @@
 #include "screens/NoticePanel.h"
 #include "screens/QuickCaptureForm.h"
 #include "screens/ScreenModule.h"
+#include "screens/ShellMenu.h"
 #include "screens/TabSearchPanel.h"
 #include "screens/TabSelectionList.h"
 
 #include <QAccessible>
 #include <QCursor>
 #include <QGuiApplication>
+#include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QScreen>
+#include <QStandardPaths>
 
 namespace brinmoor {
 
@@ -26,6 +29,30 @@ PanelRect panelRect(const QRect& rectangle) {
     return {{rectangle.x(), rectangle.y()}, {rectangle.width(), rectangle.height()}};
 }
 
+/// What a text calls the command; nullptr for what windows do.
+const char* textCommand(WindowCommand command) {
+    switch (command) {
+    case WindowCommand::undoText:
+        return "undo";
+    case WindowCommand::cut:
+        return "cut";
+    case WindowCommand::copy:
+        return "copy";
+    case WindowCommand::paste:
+        return "paste";
+    case WindowCommand::selectAll:
+        return "selectAll";
+    default:
+        return nullptr;
+    }
+}
+
+/// The text that has the keyboard, if one has.
+QObject* focusedText() {
+    QObject* focused = QGuiApplication::focusObject();
+    return focused && focused->property("canUndo").isValid() ? focused : nullptr;
+}
+
 QQmlEngine& withScreens(QQmlEngine& engine) {
     registerScreens();
     return engine;
@@ -33,7 +60,8 @@ QQmlEngine& withScreens(QQmlEngine& engine) {
 
 } // namespace
 
-QuickPanels::QuickPanels() : appearance_(appearanceOf(withScreens(engine_))) {}
+QuickPanels::QuickPanels()
+    : appearance_(appearanceOf(withScreens(engine_))), menus_(new ShellMenus(&engine_)) {}
 
 QuickPanels::~QuickPanels() {
     // Windows that wait for their deletion may not outlive the engine.
@@ -48,7 +76,7 @@ std::unique_ptr<Panel> QuickPanels::kept(std::unique_ptr<QuickPanel> panel) {
 }
 
 std::unique_ptr<Panel> QuickPanels::libraryWindow(AppModel& model) {
-    return kept(std::make_unique<LibraryPanel>(engine_, model));
+    return kept(std::make_unique<LibraryPanel>(engine_, model, *menus_));
 }
 
 std::unique_ptr<Panel> QuickPanels::captureEditor(AppModel& model, const CaptureDraft& draft,
@@ -116,6 +144,47 @@ PanelPoint QuickPanels::pointer() const {
 
 bool QuickPanels::applicationIsActive() const {
     return QGuiApplication::focusWindow() != nullptr;
+}
+
+bool QuickPanels::canPerform(WindowCommand command) const {
+    if (!textCommand(command))
+        return true;
+    const QObject* text = focusedText();
+    return text && (command != WindowCommand::undoText || text->property("canUndo").toBool());
+}
+
+void QuickPanels::perform(WindowCommand command) {
+    QWindow* window = QGuiApplication::focusWindow();
+    if (const char* name = textCommand(command)) {
+        if (QObject* text = focusedText())
+            QMetaObject::invokeMethod(text, name);
+    } else if (command == WindowCommand::quit) {
+        QGuiApplication::quit();
+    } else if (window && command == WindowCommand::closeWindow) {
+        window->close();
+    } else if (window) {
+        window->showMinimized();
+    }
+}
+
+void QuickPanels::setMainMenu(std::vector<Menu> menus) {
+    menus_->set(std::move(menus));
+}
+
+void QuickPanels::setStatusItem(Menu menu) {
+    QQmlComponent component(
+        &engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Brinmoor/StatusItem.qml")));
+    const QString drawing =
+        QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                               QStringLiteral("icons/breeze/actions/16/dialog-layers.svg"));
+    delete statusItem_;
+    statusItem_ = component.createWithInitialProperties(
+        {{QStringLiteral("entries"), QVariant::fromValue(new ShellMenu(std::move(menu), &engine_))},
+         {QStringLiteral("drawing"), QUrl::fromLocalFile(drawing)}});
+    if (!statusItem_)
+        qWarning("No status item: %ls", qUtf16Printable(component.errorString()));
+    else
+        statusItem_->setParent(&engine_);
 }
 
 void QuickPanels::announce(Panel& panel, const std::string& text) {

@@ -12,6 +12,7 @@ namespace brinmoor {
 
 class Appearance;
 class QuickPanel;
+class ShellMenus;
 
 /// The windows of the application, drawn by QML. All of them share one engine and one theme.
 /// The panels it makes go before it does.
@@ -33,6 +34,10 @@ public:
     [[nodiscard]] std::vector<PanelScreen> screens() const override;
     [[nodiscard]] PanelPoint pointer() const override;
     [[nodiscard]] bool applicationIsActive() const override;
+    [[nodiscard]] bool canPerform(WindowCommand command) const override;
+    void perform(WindowCommand command) override;
+    void setMainMenu(std::vector<Menu> menus) override;
+    void setStatusItem(Menu menu) override;
     void announce(Panel& panel, const std::string& text) override;
     void setAppearance(AppAppearance appearance) override;
 
@@ -46,6 +51,8 @@ private:
 
     QQmlEngine engine_;
     Appearance& appearance_;
+    ShellMenus* menus_; ///< the engine's child
+    QPointer<QObject> statusItem_;
     std::vector<QPointer<QQuickView>> views_;
 };
 

@@ -3,16 +3,10 @@
 #include "browser/scripts/Scripts.h"
 
 namespace brinmoor::automation {
-namespace {
-
-QString qText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
+namespace {} // namespace
 
 QString ScriptBridge::pageReader() const {
-    return qText(scripts::pageReader);
+    return QString::fromUtf8(scripts::pageReader);
 }
 
 bool ScriptBridge::running(const QString& browserID) {
@@ -23,14 +17,14 @@ QJSValue ScriptBridge::connect(const QString& browserID) {
     const auto& marks = connections_.connect(browserID.toStdString());
     QJSValue list = engine_.newArray(static_cast<uint>(marks.size()));
     for (quint32 i = 0; i < marks.size(); ++i)
-        list.setProperty(i, qText(marks[i]));
+        list.setProperty(i, QString::fromUtf8(marks[i]));
     return list;
 }
 
 QString ScriptBridge::exchange(const QString& mark, const QString& request) {
     const auto answer = connections_.exchange(mark.toStdString(), request.toStdString());
     if (answer)
-        return qText(*answer);
+        return QString::fromUtf8(*answer);
     failure_ = answer.error() == ExchangeFailure::silent ? QStringLiteral("silent")
                                                          : QStringLiteral("lost");
     return {};

@@ -12,10 +12,6 @@ namespace {
 /// The number that stands for any failure of a script's own.
 constexpr int scriptFailure = -2700;
 
-QString qText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 Outcome failed(const QString& message, int number) {
     return {1,
             {},
@@ -39,7 +35,7 @@ Outcome runScript(std::string_view script, HostConnections& connections) {
     const QJSValue finish = install.call({engine.newQObject(&bridge)});
     if (!finish.isCallable())
         return failed(QStringLiteral("The object model could not be made."), scriptFailure);
-    const QJSValue evaluated = engine.evaluate(qText(script));
+    const QJSValue evaluated = engine.evaluate(QString::fromUtf8(script));
     if (evaluated.isError())
         return failed(evaluated.property(QStringLiteral("message")).toString(), scriptFailure);
     const QJSValue run =

@@ -149,7 +149,7 @@ bool read(const std::optional<element>& from, std::vector<SavedLink>& to) {
     return true;
 }
 
-Failure<FileError> refusal(FileError::Cause cause) {
+Failure<FileError> refused(FileError::Cause cause) {
     return failure(FileError{cause, 0});
 }
 
@@ -157,18 +157,18 @@ Result<Library, FileError> readRoot(const element& root) {
     constexpr std::array<std::string_view, 3> names{"collections", "links", "version"};
     object fields;
     if (root.get_object().get(fields) != simdjson::SUCCESS)
-        return refusal(FileError::Cause::wrongShape);
+        return refused(FileError::Cause::wrongShape);
     const Members members(fields, names);
     double version = 0;
     if (!read(members.required(2), version))
-        return refusal(FileError::Cause::wrongShape);
+        return refused(FileError::Cause::wrongShape);
     // A document of another version may have any shape: it is not looked at.
     if (version != 1)
-        return refusal(FileError::Cause::unknownVersion);
+        return refused(FileError::Cause::unknownVersion);
     Library library;
     if (!read(members.required(0), library.collections) ||
         !read(members.required(1), library.links))
-        return refusal(FileError::Cause::wrongShape);
+        return refused(FileError::Cause::wrongShape);
     return library;
 }
 
@@ -176,7 +176,7 @@ Result<Library, FileError> readRoot(const element& root) {
 
 Result<Library, FileError> document::readPadded(const char* bytes, std::size_t size) {
     if (size > largestSize)
-        return refusal(FileError::Cause::tooLarge);
+        return refused(FileError::Cause::tooLarge);
     if (auto usual = scanUsual(bytes, size))
         return std::move(*usual);
     return readAny(bytes, size);
@@ -191,13 +191,13 @@ Result<Library, FileError> document::readAny(const char* bytes, std::size_t size
     case simdjson::MEMALLOC:
         return failure(FileError{FileError::Cause::system, ENOMEM});
     default:
-        return refusal(FileError::Cause::notJson);
+        return refused(FileError::Cause::notJson);
     }
 }
 
 Result<Library, FileError> decodeLibrary(std::string_view json) {
     if (json.size() > document::largestSize)
-        return refusal(FileError::Cause::tooLarge);
+        return refused(FileError::Cause::tooLarge);
     const auto bytes = std::make_unique<char[]>(json.size() + document::readerPadding);
     std::memcpy(bytes.get(), json.data(), json.size());
     return document::readPadded(bytes.get(), json.size());

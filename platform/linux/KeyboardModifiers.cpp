@@ -56,12 +56,12 @@ public:
 
     [[nodiscard]] std::vector<bool> keysWithMeaning() const {
         constexpr std::size_t allKeys = 256;
-        std::vector<bool> keys(allKeys);
+        std::vector<bool> meaningful(allKeys);
         for (std::size_t key = xKeyFirst; symbols_ && key < allKeys; ++key) {
             const auto code = static_cast<xcb_keycode_t>(key);
-            keys[key] = xcb_key_symbols_get_keysym(symbols_.get(), code, 0) != XCB_NO_SYMBOL;
+            meaningful[key] = xcb_key_symbols_get_keysym(symbols_.get(), code, 0) != XCB_NO_SYMBOL;
         }
-        return keys;
+        return meaningful;
     }
 
 private:

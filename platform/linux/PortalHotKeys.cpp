@@ -1,5 +1,7 @@
 #include "platform/linux/PortalHotKeys.h"
 
+#include "platform/linux/Portal.h"
+
 #include "core/capture/CaptureShortcut.h"
 #include "platform/linux/HardwareKeys.h"
 #include "platform/linux/PortalShortcut.h"
@@ -20,12 +22,6 @@
 namespace brinmoor {
 namespace {
 
-QString portalService() {
-    return QStringLiteral("org.freedesktop.portal.Desktop");
-}
-QString portalPath() {
-    return QStringLiteral("/org/freedesktop/portal/desktop");
-}
 QString shortcutsInterface() {
     return QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/PortalMotion.h"
 
+#include "platform/linux/Portal.h"
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -9,12 +11,6 @@
 namespace brinmoor {
 namespace {
 
-QString portalService() {
-    return QStringLiteral("org.freedesktop.portal.Desktop");
-}
-QString portalPath() {
-    return QStringLiteral("/org/freedesktop/portal/desktop");
-}
 QString settingsInterface() {
     return QStringLiteral("org.freedesktop.portal.Settings");
 }

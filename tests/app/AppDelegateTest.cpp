@@ -1,6 +1,6 @@
 #include "app/AppDelegate.h"
 
-#include "tests/app/Desk.h"
+#include "tests/app/ShellDesk.h"
 
 #include <gmock/gmock.h>
 
@@ -10,130 +10,18 @@ namespace brinmoor {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::Desk;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using testing::PaperPanel;
 using testing::settle;
 
-/// A window that only takes down what happens to it.
-class PaperPanel final : public Panel {
-public:
-    PaperPanel(std::string named, std::vector<std::string>& log, std::vector<PaperPanel*>& alive)
-        : title(std::move(named)), log_(log), alive_(alive) {
-        alive_.push_back(this);
-    }
-    ~PaperPanel() override { std::erase(alive_, this); }
-
-    void makeKeyAndOrderFront() override {
-        visible = true;
-        ++keyed;
-        log_.push_back("key " + title);
-    }
-    void orderFrontRegardless() override {
-        visible = true;
-        log_.push_back("front " + title);
-    }
-    void orderOut() override { visible = false; }
-    [[nodiscard]] bool isVisible() const override { return visible; }
-    [[nodiscard]] PanelSize size() const override { return {380, 80}; }
-    void setOrigin(PanelPoint at) override { origin = at; }
-    void center() override { ++centered; }
-
-    std::string title;
-    bool visible = false;
-    int keyed = 0;
-    int centered = 0;
-    std::optional<PanelPoint> origin;
-
-private:
-    std::vector<std::string>& log_;
-    std::vector<PaperPanel*>& alive_;
-};
-
-class PaperPanels final : public Panels {
-public:
-    std::unique_ptr<Panel> libraryWindow(AppModel&) override { return make("library"); }
-    std::unique_ptr<Panel> captureEditor(AppModel&, const CaptureDraft&,
-                                         const std::string& title) override {
-        return make(title);
-    }
-    std::unique_ptr<Panel> tabSelection(AppModel&, Uuid, const std::string& title) override {
-        return make(title);
-    }
-    std::unique_ptr<Panel> tabSearch(AppModel&) override { return make("tab search"); }
-    std::unique_ptr<Panel> notice(const CaptureNotice& notice, NoticeActions given) override {
-        actions = std::move(given);
-        return make(notice.title);
-    }
-    [[nodiscard]] std::vector<PanelScreen> screens() const override { return screenList; }
-    [[nodiscard]] PanelPoint pointer() const override { return pointerAt; }
-    [[nodiscard]] bool applicationIsActive() const override { return active; }
-    void announce(Panel&, const std::string& text) override { announced.push_back(text); }
-    void setAppearance(AppAppearance appearance) override {
-        log.push_back(appearance == AppAppearance::cream ? "cream" : "black");
-    }
-
-    [[nodiscard]] PaperPanel* named(const std::string& title) const {
-        const auto found = std::ranges::find(alive, title, &PaperPanel::title);
-        return found == alive.end() ? nullptr : *found;
-    }
-    [[nodiscard]] long count(const std::string& title) const {
-        return std::ranges::count(alive, title, &PaperPanel::title);
-    }
-
-    std::vector<std::string> log;
-    std::vector<PaperPanel*> alive;
-    std::vector<PanelScreen> screenList{
-        {.frame = {{0, 0}, {1000, 800}}, .visibleFrame = {{0, 30}, {1000, 770}}},
-        {.frame = {{1000, 0}, {1600, 900}}, .visibleFrame = {{1000, 0}, {1500, 900}}}};
-    PanelPoint pointerAt{10, 10};
-    bool active = true;
-    std::vector<std::string> announced;
-    NoticeActions actions;
-
-private:
-    std::unique_ptr<Panel> make(std::string title) {
-        log.push_back("make " + title);
-        return std::make_unique<PaperPanel>(std::move(title), log, alive);
-    }
-};
-
-class AppDelegateTest : public Desk {
-protected:
-    AppDelegate& shell() {
-        if (!shell_) {
-            shell_ = std::make_unique<AppDelegate>(parts(), panels);
-            shell_->launch();
-        }
-        return *shell_;
-    }
-    void endShell() { shell_.reset(); }
-    AppModel& shellModel() { return *shell().model(); }
-    void pressIn(CaptureAction action) {
-        shellModel().capture(action);
-        settle();
-    }
-    void notice(const std::string& title, bool isError = false) {
-        shellModel().notify({.id = clock.newUuid(),
-                             .title = title,
-                             .message = "Message.",
-                             .isError = isError,
-                             .clipboardURL = {}});
-        settle();
-    }
-
-    PaperPanels panels;
-
-private:
-    std::unique_ptr<AppDelegate> shell_;
-};
-
-// The launch.
+using AppDelegateTest = testing::ShellDesk;
 
 TEST_F(AppDelegateTest, theAppearanceComesBeforeAnyWindow) {
     preferences.values["appAppearance"] = std::string("cream");
     shell();
-    EXPECT_THAT(panels.log, ElementsAre("cream", "make library", "key library"));
+    EXPECT_THAT(panels.log,
+                ElementsAre("cream", "make library", "menus", "status item", "key library"));
 }
 
 TEST_F(AppDelegateTest, anUnknownAppearanceIsTheDarkOne) {
@@ -324,12 +212,13 @@ TEST_F(AppDelegateTest, aDismissedNoticeIsGone) {
 }
 
 TEST_F(AppDelegateTest, theNoticesButtonLeadsToBrowserAccess) {
-    int opened = 0;
-    shell().openAutomationSettings = [&] { ++opened; };
+    shell();
     notice("Browser access needed", true);
     panels.actions.openSettings();
     EXPECT_FALSE(panels.named("Browser access needed")->visible);
-    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(shellModel().isShowingBrowserAccess());
+    EXPECT_EQ(shellModel().section(), AppSection::settings);
+    EXPECT_EQ(panels.log.back(), "key library");
 }
 
 // Return URLs of a sign-in.

@@ -1,0 +1,188 @@
+#include "tests/app/ShellDesk.h"
+
+#include "app/TabCleanup.h"
+#include "browser/TabSearchModel.h"
+
+#include <gmock/gmock.h>
+
+namespace brinmoor {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::settle;
+
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+class MenusTest : public testing::ShellDesk {
+protected:
+    MenusTest() { shell(); }
+
+    static Rows rows(const Menu& menu) {
+        Rows found;
+        for (const MenuItem& each : menu.items)
+            found.emplace_back(each.title, each.key);
+        return found;
+    }
+    const MenuItem& entry(const std::string& title) {
+        std::vector<const Menu*> menus{&panels.statusMenu};
+        for (const Menu& each : panels.mainMenu)
+            menus.push_back(&each);
+        for (const Menu* menu : menus) {
+            const auto found = std::ranges::find(menu->items, title, &MenuItem::title);
+            if (found != menu->items.end())
+                return *found;
+        }
+        throw std::out_of_range(title);
+    }
+    void choose(const std::string& title) {
+        entry(title).run();
+        settle();
+    }
+};
+
+TEST_F(MenusTest, theMainMenuHasThreeMenusWithTheirKeys) {
+    ASSERT_EQ(panels.mainMenu.size(), 3U);
+    EXPECT_EQ(rows(panels.mainMenu[0]), (Rows{{"Account…", ""},
+                                              {"Settings…", ","},
+                                              {"", ""},
+                                              {"Check for Updates…", ""},
+                                              {"", ""},
+                                              {"Hide Brinmoor", "H"},
+                                              {"Quit Brinmoor", "Q"}}));
+    EXPECT_EQ(panels.mainMenu[1].title, "File");
+    EXPECT_EQ(rows(panels.mainMenu[1]), (Rows{{"Search Open Tabs…", ""},
+                                              {"Close Duplicate Tabs", ""},
+                                              {"Clean Up Tabs…", ""},
+                                              {"Save Copied Link", ""},
+                                              {"Add Link…", "N"},
+                                              {"Open Library", "0"},
+                                              {"", ""},
+                                              {"Save Current Browser Tab", ""},
+                                              {"Save with a Note…", ""},
+                                              {"Save Selected Tabs…", ""},
+                                              {"Save Browser Window", ""},
+                                              {"", ""},
+                                              {"Import Backup…", ""},
+                                              {"Export Backup…", ""},
+                                              {"", ""},
+                                              {"Close Window", "W"}}));
+    EXPECT_EQ(panels.mainMenu[2].title, "Edit");
+    EXPECT_EQ(rows(panels.mainMenu[2]), (Rows{{"Undo", "Z"},
+                                              {"Cut", "X"},
+                                              {"Copy", "C"},
+                                              {"Paste", "V"},
+                                              {"Select All", "A"},
+                                              {"", ""},
+                                              {"Find…", "F"}}));
+}
+
+TEST_F(MenusTest, theStatusItemHasItsOwnWords) {
+    EXPECT_EQ(rows(panels.statusMenu), (Rows{{"Open Brinmoor", ""},
+                                             {"Search open tabs…", ""},
+                                             {"Close duplicate tabs", ""},
+                                             {"Clean up tabs…", ""},
+                                             {"", ""},
+                                             {"Save current tab", ""},
+                                             {"Save copied link", ""},
+                                             {"Save with a note…", ""},
+                                             {"Save selected tabs…", ""},
+                                             {"Save all tabs in this window", ""},
+                                             {"Add a link…", ""},
+                                             {"", ""},
+                                             {"Account…", ""},
+                                             {"Settings…", ""},
+                                             {"Check for Updates…", ""},
+                                             {"Quit Brinmoor", "Q"}}));
+}
+
+TEST_F(MenusTest, menusComeAfterTheWindowAndBeforeItIsShown) {
+    EXPECT_THAT(panels.log,
+                ElementsAre("black", "make library", "menus", "status item", "key library"));
+}
+
+TEST_F(MenusTest, theTabSearchOpensEmptyAndFreshAndIsMadeOnce) {
+    choose("Search Open Tabs…");
+    auto* panel = panels.named("tab search");
+    ASSERT_NE(panel, nullptr);
+    shellModel().tabSearch().setQuery("old words");
+    shellModel().tabSearch().close();
+    EXPECT_FALSE(panel->visible);
+    choose("Search open tabs…");
+    EXPECT_TRUE(panel->visible);
+    EXPECT_EQ(shellModel().tabSearch().query(), "");
+    EXPECT_EQ(panels.count("tab search"), 1);
+    EXPECT_EQ(panel->centered, 1);
+}
+
+TEST_F(MenusTest, addingALinkShowsTheLibraryFirst) {
+    entry("Add a link…").run();
+    EXPECT_EQ(panels.log.back(), "key library");
+    EXPECT_FALSE(shellModel().isShowingAdd());
+    settle();
+    EXPECT_TRUE(shellModel().isShowingAdd());
+}
+
+TEST_F(MenusTest, findShowsTheLibraryAndItsSearch) {
+    shellModel().setSection(AppSection::tags);
+    int wanted = 0;
+    QObject context;
+    QObject::connect(&shellModel(), &AppModel::searchFocusWanted, &context, [&] { ++wanted; });
+    choose("Find…");
+    EXPECT_EQ(wanted, 1);
+    EXPECT_EQ(shellModel().section(), AppSection::library);
+    EXPECT_EQ(panels.log.back(), "key library");
+}
+
+TEST_F(MenusTest, capturesSaveFromTheMenuToo) {
+    pageIs("https://tidewatch.org.uk/", "Tide tables");
+    choose("Save current tab");
+    ASSERT_EQ(shellModel().library().links.size(), 1U);
+    EXPECT_EQ(shellModel().library().links.front().title, "Tide tables");
+}
+
+TEST_F(MenusTest, textIsUndoneBeforeTheLibrary) {
+    pageIs("https://tidewatch.org.uk/", "Tide tables");
+    choose("Save Current Browser Tab");
+    panels.textCanUndo = true;
+    choose("Undo");
+    EXPECT_THAT(panels.performed, ElementsAre(WindowCommand::undoText));
+    EXPECT_EQ(shellModel().library().links.size(), 1U);
+    panels.textCanUndo = false;
+    choose("Undo");
+    EXPECT_TRUE(shellModel().library().links.empty());
+}
+
+TEST_F(MenusTest, undoIsOfferedOnlyWhereThereIsSomethingToUndo) {
+    EXPECT_FALSE(entry("Undo").isEnabled());
+    panels.textCanUndo = true;
+    EXPECT_TRUE(entry("Undo").isEnabled());
+    panels.textCanUndo = false;
+    pageIs("https://tidewatch.org.uk/", "Tide tables");
+    choose("Save current tab");
+    EXPECT_TRUE(entry("Undo").isEnabled());
+}
+
+TEST_F(MenusTest, withoutAnUpdaterUpdatesCannotBeChosen) {
+    EXPECT_FALSE(entry("Check for Updates…").isEnabled());
+}
+
+TEST_F(MenusTest, whatTheWindowDoesIsLeftToIt) {
+    for (const char* title :
+         {"Hide Brinmoor", "Quit Brinmoor", "Close Window", "Cut", "Copy", "Paste", "Select All"})
+        choose(title);
+    EXPECT_THAT(panels.performed,
+                ElementsAre(WindowCommand::hide, WindowCommand::quit, WindowCommand::closeWindow,
+                            WindowCommand::cut, WindowCommand::copy, WindowCommand::paste,
+                            WindowCommand::selectAll));
+}
+
+TEST_F(MenusTest, settingsAndAccountOpenInTheLibraryWindow) {
+    choose("Settings…");
+    EXPECT_EQ(shellModel().section(), AppSection::settings);
+    choose("Account…");
+    EXPECT_EQ(shellModel().section(), AppSection::account);
+    EXPECT_EQ(panels.log.back(), "key library");
+}
+
+} // namespace
+} // namespace brinmoor
