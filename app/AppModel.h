@@ -178,6 +178,12 @@ public:
     }
     void dismissArchiveUndo();
 
+    // Other programs.
+    /// The copied text; absent when something else or nothing is copied.
+    [[nodiscard]] std::optional<std::string> copiedText() const;
+    /// Opens the mail program with an e-mail to nobody yet; false when there is none.
+    bool composeMail(const std::string& subject, const std::string& body);
+
     // Backups. A dialog asks for the file.
     void exportLibrary();
     void importLibrary();

@@ -159,6 +159,14 @@ void AppModel::share(const SavedLink& link) {
     Q_EMIT sheetsChanged();
 }
 
+std::optional<std::string> AppModel::copiedText() const {
+    return pasteboard_.text();
+}
+
+bool AppModel::composeMail(const std::string& subject, const std::string& body) {
+    return opener_.composeMail(subject, body);
+}
+
 void AppModel::revealLibrary() {
     opener_.revealFile(file_.path());
 }

@@ -1,11 +1,19 @@
 #include "screens/AppRoot.h"
 
 #include "app/AppModel.h"
+#include "screens/AddForm.h"
+#include "screens/CleanupReviewList.h"
+#include "screens/DetailForm.h"
+#include "screens/EmailShareForm.h"
+#include "screens/TagsScreen.h"
 
 namespace brinmoor {
 
 AppRoot::AppRoot(AppModel& model, QObject* parent)
-    : QObject(parent), model_(model), library_(model, this) {
+    : QObject(parent), model_(model), library_(model, this), tags_(new TagsScreen(model, this)),
+      add_(new AddForm(model, this)), detail_(new DetailForm(model, this)),
+      emailShare_(new EmailShareForm(model, this)),
+      cleanupReview_(new CleanupReviewList(model, this)) {
     connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
     connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
 }

@@ -8,7 +8,12 @@
 
 namespace brinmoor {
 
+class AddForm;
 class AppModel;
+class CleanupReviewList;
+class DetailForm;
+class EmailShareForm;
+class TagsScreen;
 
 /// What the library window shows: which section, the screen of each, and the sheets above them.
 class AppRoot final : public QObject {
@@ -20,6 +25,16 @@ class AppRoot final : public QObject {
     /// What the application could not do; empty when there is nothing to tell.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
     Q_PROPERTY(brinmoor::LibraryScreen* library READ library CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::TagsScreen* tags MEMBER tags_ CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::AddForm* add MEMBER add_ CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::DetailForm* detail MEMBER detail_ CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::EmailShareForm* emailShare MEMBER emailShare_ CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::CleanupReviewList* cleanupReview MEMBER cleanupReview_ CONSTANT FINAL)
+    Q_MOC_INCLUDE("screens/AddForm.h")
+    Q_MOC_INCLUDE("screens/CleanupReviewList.h")
+    Q_MOC_INCLUDE("screens/DetailForm.h")
+    Q_MOC_INCLUDE("screens/EmailShareForm.h")
+    Q_MOC_INCLUDE("screens/TagsScreen.h")
 
 public:
     /// The model outlives it.
@@ -47,6 +62,11 @@ Q_SIGNALS:
 private:
     AppModel& model_;
     LibraryScreen library_;
+    TagsScreen* tags_;
+    AddForm* add_;
+    DetailForm* detail_;
+    EmailShareForm* emailShare_;
+    CleanupReviewList* cleanupReview_;
 };
 
 } // namespace brinmoor

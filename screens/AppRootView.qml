@@ -9,7 +9,11 @@ Rectangle {
     required property AppRoot screen
     required property ShellMenus menus
 
-    readonly property bool covered: alert.shown || archiveAlert.shown
+    readonly property bool underSheet: screen.add.isShown || screen.detail.isShown
+                                       || screen.emailShare.isShown || screen.cleanupReview.isShown
+    readonly property bool underAlert: alert.shown || archiveAlert.shown
+                                       || screen.tags.asksForRemoval
+    readonly property bool covered: underSheet || underAlert
 
     color: Theme.paper
 
@@ -22,7 +26,6 @@ Rectangle {
         id: page
 
         anchors.fill: parent
-        enabled: !root.covered
         focus: !root.covered
 
         Section {
@@ -33,6 +36,14 @@ Rectangle {
             screen: root.screen.library
             shown: root.screen.section === "library"
             kept: true
+        }
+        Section {
+            anchors.left: rail.right
+            anchors.right: parent.right
+            height: parent.height
+            view: "TagsView"
+            screen: root.screen.tags
+            shown: root.screen.section === "tags"
         }
         Rail {
             id: rail
@@ -48,6 +59,36 @@ Rectangle {
     EmptyArchiveAlert {
         id: archiveAlert
         screen: root.screen.library
+    }
+    SheetPlace {
+        view: "TagRemovalAlert"
+        screen: root.screen.tags
+        shown: root.screen.tags.asksForRemoval
+        covered: alert.shown
+    }
+    SheetPlace {
+        view: "AddSheet"
+        screen: root.screen.add
+        shown: root.screen.add.isShown
+        covered: alert.shown
+    }
+    SheetPlace {
+        view: "DetailSheet"
+        screen: root.screen.detail
+        shown: root.screen.detail.isShown
+        covered: alert.shown
+    }
+    SheetPlace {
+        view: "EmailShareSheet"
+        screen: root.screen.emailShare
+        shown: root.screen.emailShare.isShown
+        covered: alert.shown
+    }
+    SheetPlace {
+        view: "CleanupReviewSheet"
+        screen: root.screen.cleanupReview
+        shown: root.screen.cleanupReview.isShown
+        covered: alert.shown
     }
     ErrorAlert {
         id: alert

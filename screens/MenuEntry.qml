@@ -11,6 +11,8 @@ T.MenuItem {
     property bool destructive: false
     /// At the right, in place of the mark: a number, for instance.
     property string detail: ""
+    /// At the left.
+    property string drawing: ""
 
     implicitWidth: Math.ceil(implicitContentWidth)
     implicitHeight: visible ? 30 : 0
@@ -30,6 +32,7 @@ T.MenuItem {
     contentItem: MenuEntryLabel {
         text: control.text
         detail: control.detail
+        drawing: control.drawing
         destructive: control.destructive
         markable: control.checkable
         marked: control.checked

@@ -7,6 +7,7 @@ Item {
 
     required property string text
     required property string detail
+    required property string drawing
     required property bool destructive
     required property bool markable
     required property bool marked
@@ -14,13 +15,24 @@ Item {
     readonly property real asideWidth: markable ? 28 : detail.length > 0 ? aside.implicitWidth + 20
                                                                          : 0
 
-    implicitWidth: label.implicitWidth + 20 + asideWidth
+    readonly property real start: drawing.length > 0 ? 35 : 10
+
+    implicitWidth: label.implicitWidth + start + 10 + asideWidth
     implicitHeight: 30
 
+    IconShape {
+        visible: entry.drawing.length > 0
+        x: 10
+        y: 7
+        width: 16
+        height: 16
+        name: entry.drawing
+        color: entry.destructive ? Theme.rust : Theme.ink2
+    }
     PlainText {
         id: label
-        x: 10
-        width: parent.width - 20 - entry.asideWidth
+        x: entry.start
+        width: parent.width - entry.start - 10 - entry.asideWidth
         height: parent.height
         text: entry.text
         color: entry.destructive ? Theme.rust : Theme.ink

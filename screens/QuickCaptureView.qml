@@ -53,6 +53,8 @@ Rectangle {
 
             DomainTile {
                 domain: view.form.domain
+                address: view.form.url
+                iconHint: view.form.iconHint
             }
             Field {
                 y: 2

@@ -18,7 +18,7 @@ Overlay {
 
     readonly property int side: 29
     readonly property int footHeight: 22 + 34 + 25
-    readonly property bool scrolls: body.contentHeight > body.height + 1
+    readonly property bool scrolls: cardHeight > height - 32
 
     cardWidth: 480
     cardHeight: 27 + column.height + footHeight

@@ -11,6 +11,7 @@ Item {
     required property string title
     required property string domain
     required property string browserName
+    required property string address
     property bool selected: false
 
     readonly property string place: domain + " · " + browserName
@@ -41,6 +42,7 @@ Item {
         y: 9
         small: true
         domain: row.domain
+        address: row.address
     }
     Column {
         x: 54

@@ -108,13 +108,18 @@ QVariant TabSearchScreen::data(const QModelIndex& index, int role) const {
         return QString::fromStdString(tab.domain());
     case BrowserNameRole:
         return QString::fromStdString(tab.browserName);
+    case AddressRole:
+        return QString::fromStdString(tab.url);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> TabSearchScreen::roleNames() const {
-    return {{TitleRole, "title"}, {DomainRole, "domain"}, {BrowserNameRole, "browserName"}};
+    return {{TitleRole, "title"},
+            {DomainRole, "domain"},
+            {BrowserNameRole, "browserName"},
+            {AddressRole, "address"}};
 }
 
 } // namespace brinmoor

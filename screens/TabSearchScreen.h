@@ -28,7 +28,7 @@ class TabSearchScreen final : public QAbstractListModel {
     Q_PROPERTY(bool messageIsFailure READ messageIsFailure NOTIFY messageChanged FINAL)
 
 public:
-    enum Role { TitleRole = Qt::UserRole, DomainRole, BrowserNameRole };
+    enum Role { TitleRole = Qt::UserRole, DomainRole, BrowserNameRole, AddressRole };
 
     /// `search` outlives the screen.
     explicit TabSearchScreen(TabSearchModel& search, QObject* parent = nullptr);

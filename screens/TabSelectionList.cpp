@@ -101,6 +101,10 @@ QVariant TabSelectionList::data(const QModelIndex& index, int role) const {
         return QString::fromStdString(link.title);
     case DomainRole:
         return QString::fromStdString(link.domain());
+    case AddressRole:
+        return QString::fromStdString(link.url);
+    case IconHintRole:
+        return QString::fromStdString(link.iconURL.value_or(""));
     case SelectedRole:
         return isSelected(index.row());
     default:
@@ -109,7 +113,11 @@ QVariant TabSelectionList::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> TabSelectionList::roleNames() const {
-    return {{TitleRole, "title"}, {DomainRole, "domain"}, {SelectedRole, "selected"}};
+    return {{TitleRole, "title"},
+            {DomainRole, "domain"},
+            {AddressRole, "address"},
+            {IconHintRole, "iconHint"},
+            {SelectedRole, "selected"}};
 }
 
 } // namespace brinmoor

@@ -29,7 +29,7 @@ class TabSelectionList final : public QAbstractListModel {
     Q_PROPERTY(QString saveText READ saveText NOTIFY selectionChanged FINAL)
 
 public:
-    enum Role { TitleRole = Qt::UserRole, DomainRole, SelectedRole };
+    enum Role { TitleRole = Qt::UserRole, DomainRole, AddressRole, IconHintRole, SelectedRole };
 
     TabSelectionList(Uuid draftID, TabSelectionActions actions, QObject* parent = nullptr);
 

@@ -10,15 +10,19 @@ Item {
     required property int index
     required property string title
     required property string domain
+    required property string address
+    required property string iconHint
     required property bool selected
     property bool keyboardHere: false
+    /// Below the title.
+    property string detail: domain
 
     signal toggled
 
     height: 48
     Accessible.role: Accessible.CheckBox
     Accessible.name: title
-    Accessible.description: domain
+    Accessible.description: detail
     Accessible.checkable: true
     Accessible.checked: selected
     Accessible.onPressAction: row.toggled()
@@ -42,18 +46,20 @@ Item {
     }
     CheckBoxMark {
         x: 12
-        y: 15
+        y: Math.round((parent.height - height) / 2)
         checked: row.selected
     }
     DomainTile {
         x: 42
-        y: 8
+        y: Math.round((parent.height - height) / 2)
         small: true
         domain: row.domain
+        address: row.address
+        iconHint: row.iconHint
     }
     Column {
         x: 86
-        y: 6
+        y: Math.round((parent.height - height) / 2)
         width: parent.width - 86 - 12
 
         PlainText {
@@ -66,7 +72,7 @@ Item {
         PlainText {
             width: parent.width
             height: 16
-            text: row.domain
+            text: row.detail
             color: Theme.ink3
             font: Theme.small
             Accessible.ignored: true

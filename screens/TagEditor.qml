@@ -7,7 +7,7 @@ import Brinmoor
 FocusScope {
     id: editor
 
-    required property QuickCaptureForm form
+    required property LinkForm form
     property string name
 
     readonly property alias inputFocused: input.activeFocus
@@ -16,6 +16,12 @@ FocusScope {
 
     function enterInput() {
         input.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function enter(event: KeyEvent) {
+        event.accepted = event.modifiers === Qt.NoModifier && editor.form.tagInput.length > 0;
+        if (event.accepted)
+            editor.form.commitInput();
     }
 
     Column {
@@ -83,7 +89,9 @@ FocusScope {
                     Accessible.description: hint
 
                     onTextEdited: editor.form.tagInput = text
-                    onAccepted: editor.form.commitInput()
+                    // With nothing typed, Enter is for the form.
+                    Keys.onReturnPressed: event => editor.enter(event)
+                    Keys.onEnterPressed: event => editor.enter(event)
                     Keys.onTabPressed: event => {
                         event.accepted = event.modifiers === Qt.NoModifier && editor.form.tab();
                     }

@@ -45,6 +45,26 @@ void showInFileManager(const QDBusConnection& bus, const QString& file) {
     });
 }
 
+/// Whether a program is set for e-mail addresses.
+bool hasMailProgram() {
+    constexpr int patience = 3000; // milliseconds
+    QProcess question;
+    question.start(QStringLiteral("xdg-mime"),
+                   {QStringLiteral("query"), QStringLiteral("default"),
+                    QStringLiteral("x-scheme-handler/mailto")},
+                   QIODevice::ReadOnly);
+    return question.waitForFinished(patience) &&
+           !question.readAllStandardOutput().trimmed().isEmpty();
+}
+
+/// One field of an e-mail address's query. Its line ends are CR LF.
+QString mailField(const std::string& text) {
+    QString lines = QString::fromStdString(text);
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    lines.replace(u'\n', QStringLiteral("\r\n"));
+    return QString::fromLatin1(QUrl::toPercentEncoding(lines));
+}
+
 } // namespace
 
 bool XdgOpener::openAddress(const std::string& address) {
@@ -59,6 +79,11 @@ bool XdgOpener::revealFile(const std::string& path) {
         return true;
     }
     return openWithDesktop(QFileInfo(file).absolutePath());
+}
+
+bool XdgOpener::composeMail(const std::string& subject, const std::string& body) {
+    return hasMailProgram() && openWithDesktop(QStringLiteral("mailto:?subject=%1&body=%2")
+                                                   .arg(mailField(subject), mailField(body)));
 }
 
 } // namespace brinmoor

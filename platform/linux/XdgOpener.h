@@ -12,6 +12,8 @@ public:
     bool openAddress(const std::string& address) override;
     /// A file manager that turns the request down later leads to the folder being opened.
     bool revealFile(const std::string& path) override;
+    /// False when no program is set for e-mail addresses or `xdg-open` can't be started.
+    bool composeMail(const std::string& subject, const std::string& body) override;
 };
 
 } // namespace brinmoor

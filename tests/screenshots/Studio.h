@@ -44,6 +44,8 @@ private:
     QuickPanels panels_;
 };
 
+/// The link editors, the tags, the e-mail and the review of tabs to close.
+void takeSheets(Studio& studio);
 /// The search of open tabs.
 void takeTabSearch(Studio& studio);
 

@@ -183,6 +183,7 @@ int main(int count, char** arguments) {
         brinmoor::Studio studio(folder, appearance);
         brinmoor::Tour(studio).takeAll();
         brinmoor::takeTabSearch(studio);
+        brinmoor::takeSheets(studio);
     }
     return 0;
 }

@@ -27,6 +27,13 @@ protected:
     }
     void TearDown() override { qputenv("PATH", path); }
 
+    /// The desktop's answer about the program for e-mail addresses.
+    void mailProgramIs(const std::string& name) {
+        putFile(folder.path("bin/xdg-mime"),
+                "#!/bin/sh\n[ \"$*\" = 'query default x-scheme-handler/mailto' ] && printf '" +
+                    name + "\\n'\n");
+        ::chmod(folder.path("bin/xdg-mime").c_str(), 0755);
+    }
     [[nodiscard]] bool opens(const std::string& target) const {
         return eventually([&] { return contentsOf(folder.path("opened")) == target; });
     }
@@ -72,4 +79,20 @@ TEST_F(XdgOpenerTest, aFileManagerThatRefusesLeadsToTheFolder) {
 TEST_F(XdgOpenerTest, withoutFileManagerTheFolderIsOpened) {
     EXPECT_TRUE(opener.revealFile(folder.path("file.json")));
     EXPECT_TRUE(opens(folder.path()));
+}
+
+TEST_F(XdgOpenerTest, anEMailGoesToTheMailProgramWithItsLinesAndSigns) {
+    mailProgramIs("mail.desktop");
+    EXPECT_TRUE(opener.composeMail("Ä & b?", "50% off\nhttps://example.org/?a=b&c=d#e\r\nend"));
+    EXPECT_TRUE(opens("mailto:?subject=%C3%84%20%26%20b%3F&body=50%25%20off%0D%0Ahttps%3A%2F%2F"
+                      "example.org%2F%3Fa%3Db%26c%3Dd%23e%0D%0Aend"));
+}
+
+TEST_F(XdgOpenerTest, withoutAMailProgramNothingTakesTheEMail) {
+    mailProgramIs("");
+    EXPECT_FALSE(opener.composeMail("Subject", "Text"));
+    std::filesystem::remove(folder.path("bin/xdg-mime"));
+    qputenv("PATH", QByteArray::fromStdString(folder.path("bin")));
+    EXPECT_FALSE(opener.composeMail("Subject", "Text"));
+    EXPECT_FALSE(std::filesystem::exists(folder.path("opened")));
 }
