@@ -4,7 +4,6 @@
 #include "main/DesktopApplication.h"
 #include "main/Installation.h"
 #include "main/RealParts.h"
-#include "platform/SystemOpener.h"
 #include "platform/linux/PortalMotion.h"
 #include "screens/QuickPanels.h"
 
@@ -12,9 +11,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLocale>
-#include <QQmlEngine>
 #include <QTimer>
-#include <QUrl>
 
 int main(int count, char** arguments) {
     using namespace brinmoor;
@@ -36,8 +33,6 @@ int main(int count, char** arguments) {
     PortalMotion motion(QDBusConnection::sessionBus());
     const Subscription calm = motion.onChange([&] { panels.setReducedMotion(motion.isReduced()); });
     RealParts real(installation, panels.engine());
-    QObject::connect(&panels.engine(), &QQmlEngine::quit, &application, &QGuiApplication::quit,
-                     Qt::QueuedConnection);
     AppDelegate shell(real.parts(), panels);
     shell.launch();
     desktop.activate = [&] { shell.openLibrary(); };

@@ -7,6 +7,8 @@
 #include "screens/WindowFrame.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQuickItem>
 #include <QScreen>
 
 namespace brinmoor {
@@ -77,6 +79,17 @@ void LibraryPanel::makeKeyAndOrderFront() {
     if (view().windowState() == Qt::WindowMinimized)
         view().setWindowState(Qt::WindowNoState);
     QuickPanel::makeKeyAndOrderFront();
+}
+
+bool LibraryPanel::eventFilter(QObject* watched, QEvent* event) {
+    // A text claims the key of undo even when it has nothing to undo: then it is the library's.
+    if (watched == &view() && event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        const QObject* focused = view().activeFocusItem();
+        if (!focused || !focused->property("canUndo").toBool())
+            return true;
+    }
+    return QuickPanel::eventFilter(watched, event);
 }
 
 void LibraryPanel::orderOut() {

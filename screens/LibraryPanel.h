@@ -20,6 +20,8 @@ public:
     void makeKeyAndOrderFront() override;
     void orderOut() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void restoreFrame();
     void saveFrame();

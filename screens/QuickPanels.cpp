@@ -159,7 +159,8 @@ void QuickPanels::perform(WindowCommand command) {
         if (QObject* text = focusedText())
             QMetaObject::invokeMethod(text, name);
     } else if (command == WindowCommand::quit) {
-        QGuiApplication::quit();
+        // Asked to close, a window would only hide, and so refuse.
+        QCoreApplication::exit();
     } else if (window && command == WindowCommand::closeWindow) {
         window->close();
     } else if (window) {
