@@ -54,7 +54,7 @@ T.Button {
         PlainText {
             height: parent.height
             text: control.text
-            color: control.selected ? Theme.sage : Theme.ink
+            color: control.selected ? Theme.sage : Theme.ink2
             font: control.font
         }
     }
