@@ -1,10 +1,13 @@
 #include "screens/AppRoot.h"
 
 #include "app/AppModel.h"
+#include "screens/AccountScreen.h"
 #include "screens/AddForm.h"
 #include "screens/CleanupReviewList.h"
 #include "screens/DetailForm.h"
 #include "screens/EmailShareForm.h"
+#include "screens/OnboardingScreen.h"
+#include "screens/SettingsScreen.h"
 #include "screens/TagsScreen.h"
 
 namespace brinmoor {
@@ -13,9 +16,13 @@ AppRoot::AppRoot(AppModel& model, QObject* parent)
     : QObject(parent), model_(model), library_(model, this), tags_(new TagsScreen(model, this)),
       add_(new AddForm(model, this)), detail_(new DetailForm(model, this)),
       emailShare_(new EmailShareForm(model, this)),
-      cleanupReview_(new CleanupReviewList(model, this)) {
+      cleanupReview_(new CleanupReviewList(model, this)),
+      settings_(new SettingsScreen(model, this)), account_(new AccountScreen(model, this)),
+      onboarding_(new OnboardingScreen(model, this)) {
     connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
     connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
+    connect(&library_, &LibraryScreen::shortcutSettingsWanted, settings_,
+            &SettingsScreen::showCapture);
 }
 
 QString AppRoot::section() const {

@@ -8,11 +8,14 @@
 
 namespace brinmoor {
 
+class AccountScreen;
 class AddForm;
 class AppModel;
 class CleanupReviewList;
 class DetailForm;
 class EmailShareForm;
+class OnboardingScreen;
+class SettingsScreen;
 class TagsScreen;
 
 /// What the library window shows: which section, the screen of each, and the sheets above them.
@@ -30,10 +33,16 @@ class AppRoot final : public QObject {
     Q_PROPERTY(brinmoor::DetailForm* detail MEMBER detail_ CONSTANT FINAL)
     Q_PROPERTY(brinmoor::EmailShareForm* emailShare MEMBER emailShare_ CONSTANT FINAL)
     Q_PROPERTY(brinmoor::CleanupReviewList* cleanupReview MEMBER cleanupReview_ CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::SettingsScreen* settings READ settings CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::AccountScreen* account READ account CONSTANT FINAL)
+    Q_PROPERTY(brinmoor::OnboardingScreen* onboarding READ onboarding CONSTANT FINAL)
+    Q_MOC_INCLUDE("screens/AccountScreen.h")
     Q_MOC_INCLUDE("screens/AddForm.h")
     Q_MOC_INCLUDE("screens/CleanupReviewList.h")
     Q_MOC_INCLUDE("screens/DetailForm.h")
     Q_MOC_INCLUDE("screens/EmailShareForm.h")
+    Q_MOC_INCLUDE("screens/OnboardingScreen.h")
+    Q_MOC_INCLUDE("screens/SettingsScreen.h")
     Q_MOC_INCLUDE("screens/TagsScreen.h")
 
 public:
@@ -54,6 +63,9 @@ public:
     Q_INVOKABLE void dismissError();
 
     [[nodiscard]] LibraryScreen* library() noexcept { return &library_; }
+    [[nodiscard]] SettingsScreen* settings() const noexcept { return settings_; }
+    [[nodiscard]] AccountScreen* account() const noexcept { return account_; }
+    [[nodiscard]] OnboardingScreen* onboarding() const noexcept { return onboarding_; }
 
 Q_SIGNALS:
     void sectionChanged();
@@ -67,6 +79,9 @@ private:
     DetailForm* detail_;
     EmailShareForm* emailShare_;
     CleanupReviewList* cleanupReview_;
+    SettingsScreen* settings_;
+    AccountScreen* account_;
+    OnboardingScreen* onboarding_;
 };
 
 } // namespace brinmoor

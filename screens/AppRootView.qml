@@ -10,8 +10,9 @@ Rectangle {
     required property ShellMenus menus
 
     readonly property bool underSheet: screen.add.isShown || screen.detail.isShown
+                                       || screen.onboarding.shown
                                        || screen.emailShare.isShown || screen.cleanupReview.isShown
-    readonly property bool underAlert: alert.shown || archiveAlert.shown
+    readonly property bool underAlert: alert.shown || emptyArchive.shown || archiveAll.shown
                                        || screen.tags.asksForRemoval
     readonly property bool covered: underSheet || underAlert
 
@@ -45,6 +46,22 @@ Rectangle {
             screen: root.screen.tags
             shown: root.screen.section === "tags"
         }
+        Section {
+            anchors.left: rail.right
+            anchors.right: parent.right
+            height: parent.height
+            view: "AccountView"
+            screen: root.screen.account
+            shown: root.screen.section === "account"
+        }
+        Section {
+            anchors.left: rail.right
+            anchors.right: parent.right
+            height: parent.height
+            view: "SettingsView"
+            screen: root.screen.settings
+            shown: root.screen.section === "settings"
+        }
         Rail {
             id: rail
             height: parent.height
@@ -57,7 +74,7 @@ Rectangle {
         }
     }
     EmptyArchiveAlert {
-        id: archiveAlert
+        id: emptyArchive
         screen: root.screen.library
     }
     SheetPlace {
@@ -89,6 +106,16 @@ Rectangle {
         screen: root.screen.cleanupReview
         shown: root.screen.cleanupReview.isShown
         covered: alert.shown
+    }
+    SheetPlace {
+        view: "OnboardingSheet"
+        screen: root.screen.onboarding
+        shown: root.screen.onboarding.shown
+        covered: alert.shown
+    }
+    ArchiveAllAlert {
+        id: archiveAll
+        screen: root.screen.settings
     }
     ErrorAlert {
         id: alert

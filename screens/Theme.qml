@@ -57,6 +57,7 @@ QtObject {
     readonly property color shadow3: dark ? Qt.rgba(0, 0, 0, 0.62) : Qt.alpha(ink, 0.26)
 
     readonly property font wordmark: serif(27)
+    readonly property font display: serif(28)
     readonly property font heading: serif(24)
     readonly property font smallHeading: serif(22)
     readonly property font dayHeading: serif(15)

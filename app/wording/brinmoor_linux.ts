@@ -103,5 +103,33 @@
         <source>Open the sign-in email on this Mac. Brinmoor will finish signing you in automatically.</source>
         <translation>Open the sign-in email on this computer. Brinmoor will finish signing you in automatically.</translation>
     </message>
+    <message>
+        <source>Offers Save or Add note after you copy a new web link. Clipboard contents stay on this Mac.</source>
+        <translation>Offers Save or Add note after you copy a new web link. Clipboard contents stay on this computer.</translation>
+    </message>
+    <message>
+        <source>Uses titles, websites, and your existing tags. Everything stays on this Mac.</source>
+        <translation>Uses titles, websites, and your existing tags. Everything stays on this computer.</translation>
+    </message>
+    <message>
+        <source>Use memorable preset: ⇧⌘K / ⇧⌘N</source>
+        <translation>Use memorable preset: Shift+Super+K / Shift+Super+N</translation>
+    </message>
+    <message>
+        <source>Use ⌘, ⌥, or ⌃ + a key</source>
+        <translation>Use Super, Alt, or Ctrl + a key</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Files</translation>
+    </message>
+    <message>
+        <source>The details that make a Mac app feel at home</source>
+        <translation>The details that make a Linux app feel at home</translation>
+    </message>
+    <message>
+        <source>Links and notes stay on your Mac. Signing out keeps your library available to open and export.</source>
+        <translation>Links and notes stay on your computer. Signing out keeps your library available to open and export.</translation>
+    </message>
 </context>
 </TS>

@@ -14,7 +14,11 @@ namespace brinmoor::testing {
 class PanelDesk : public Desk {
 protected:
     /// Off every window, so that nothing is hovered.
-    PanelDesk() { desktop.movePointer(1279, 899); }
+    PanelDesk() {
+        desktop.movePointer(1279, 899);
+        // The tour would cover the library of a fresh user.
+        preferences.values["hasCompletedOnboarding"] = true;
+    }
     ~PanelDesk() override { endModel(); }
 
     static QQuickView& viewOf(Panel& panel) { return dynamic_cast<QuickPanel&>(panel).view(); }

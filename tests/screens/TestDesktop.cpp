@@ -20,8 +20,11 @@ using Held = std::unique_ptr<Reply, Freed>;
 
 constexpr std::uint32_t controlLeft = 0xffe3;
 constexpr std::uint32_t shiftLeft = 0xffe1;
+constexpr std::uint32_t superLeft = 0xffeb;
 
 std::uint32_t modifierKey(std::string_view name) {
+    if (name == "Super")
+        return superLeft;
     return name == "Ctrl" ? controlLeft : shiftLeft;
 }
 

@@ -29,7 +29,8 @@ public:
     /// Whether `upper` stands in front of `lower`; both are managed windows.
     [[nodiscard]] bool isAbove(std::uint32_t upper, std::uint32_t lower) const;
 
-    /// Presses and lets go the key with this keysym, with the named modifiers ("Ctrl", "Shift").
+    /// Presses and lets go the key with this keysym, with the named modifiers ("Ctrl", "Shift",
+    /// "Super").
     void press(std::uint32_t keysym, const std::vector<std::string_view>& held = {}) const;
     /// Types lower-case letters, digits, blanks and commas.
     void type(std::string_view text) const;

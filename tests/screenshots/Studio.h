@@ -32,6 +32,8 @@ class Studio {
 public:
     Studio(QString folder, AppAppearance appearance);
 
+    /// "cream" or "black".
+    [[nodiscard]] std::string theme() const { return theme_.toStdString(); }
     [[nodiscard]] QuickPanels& panels() noexcept { return panels_; }
     /// Lets animations come to their end.
     static void settle(int milliseconds);
@@ -46,6 +48,10 @@ private:
 
 /// The link editors, the tags, the e-mail and the review of tabs to close.
 void takeSheets(Studio& studio);
+
+/// The settings, the browsers' page, the tour and the account.
+void takeSettings(Studio& studio);
+
 /// The search of open tabs.
 void takeTabSearch(Studio& studio);
 
