@@ -44,9 +44,9 @@ Item {
         NumberAnimation {
             target: content
             property: "x"
-            from: view.shadowSpread > 0 ? 16 : 0
+            from: view.shadowSpread > 0 && !Appearance.reducedMotion ? 16 : 0
             to: 0
-            duration: 220
+            duration: Theme.movement(220)
             easing.type: Easing.OutCubic
         }
     }

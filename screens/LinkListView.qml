@@ -103,7 +103,7 @@ ListView {
     }
     displaced: Transition {
         enabled: list.screen.rowsMoved
-        NumberAnimation { property: "y"; duration: Theme.rowDuration; easing.type: Easing.OutQuad }
+        NumberAnimation { property: "y"; duration: Theme.movement(Theme.rowDuration); easing.type: Easing.OutQuad }
     }
 
     ItemFocus {

@@ -68,7 +68,7 @@ FocusScope {
         border.color: Theme.edge
         scale: overlay.shown ? 1 : 0.98
         Behavior on scale {
-            NumberAnimation { duration: 200; easing.type: Easing.OutCubic }
+            NumberAnimation { duration: Theme.movement(200); easing.type: Easing.OutCubic }
         }
 
         function holds(item: Item): bool {

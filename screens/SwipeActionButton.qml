@@ -30,7 +30,7 @@ T.AbstractButton {
 
     Behavior on implicitWidth {
         enabled: control.expansion === 0
-        NumberAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
+        NumberAnimation { duration: Theme.movement(Theme.groundDuration); easing.type: Easing.OutQuad }
     }
     background: Rectangle {
         radius: 14
@@ -57,7 +57,7 @@ T.AbstractButton {
                 color: control.pending ? Qt.alpha(Theme.onAccent, 0.16)
                                        : Qt.alpha(control.tone, control.hovered ? 0.17 : 0.11)
                 Behavior on width {
-                    NumberAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
+                    NumberAnimation { duration: Theme.movement(Theme.groundDuration); easing.type: Easing.OutQuad }
                 }
 
                 IconShape {

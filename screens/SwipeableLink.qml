@@ -73,7 +73,7 @@ SwipeEvents {
         id: settle
         target: swipe
         property: "offset"
-        duration: Theme.rowDuration
+        duration: Theme.movement(Theme.rowDuration)
         easing.type: Easing.OutQuad
     }
     Connections {

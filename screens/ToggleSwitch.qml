@@ -39,7 +39,10 @@ T.Switch {
             radius: 8
             color: control.checked ? Theme.onAccent : Theme.dark ? Theme.ink : Theme.raised
             Behavior on x {
-                NumberAnimation { duration: Theme.groundDuration; easing.type: Easing.OutQuad }
+                NumberAnimation {
+                    duration: Theme.movement(Theme.groundDuration)
+                    easing.type: Easing.OutQuad
+                }
             }
         }
         FocusRing {

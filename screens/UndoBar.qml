@@ -33,7 +33,7 @@ FocusScope {
     transform: Translate {
         y: bar.enabled ? 0 : 12
         Behavior on y {
-            NumberAnimation { duration: bar.enabled ? 200 : 0; easing.type: Easing.OutCubic }
+            NumberAnimation { duration: Theme.movement(bar.enabled ? 200 : 0); easing.type: Easing.OutCubic }
         }
     }
 

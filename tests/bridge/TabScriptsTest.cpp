@@ -81,6 +81,12 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Dialects, TabScripts, ::testing::Bool(),
                          [](const auto& dialect) { return dialect.param ? "safari" : "chromium"; });
 
+TEST_P(TabScripts, aConnectedBrowserAnswersWhetherItIsConnectedAndNothingChanges) {
+    SimulatedBrowser simulated(runtime.path(), options(), windows);
+    EXPECT_EQ(output(checkAccessScript(browser())), "2\n");
+    EXPECT_THAT(simulated.takeRequests(), ElementsAre("windows"));
+}
+
 // Reading for the search.
 
 TEST_P(TabScripts, readTheWebPagesOfAllWindows) {
