@@ -94,6 +94,9 @@ void BrowserAccess::show() {
     if (!sameList)
         beginResetModel();
     entries_ = now;
+    for (const Entry& entry : entries_)
+        if (entry.state != State::checking)
+            settled_[entry.id] = entry.state;
     if (!sameList)
         endResetModel();
     else if (!entries_.empty())
@@ -114,7 +117,9 @@ void BrowserAccess::check() {
 }
 
 std::vector<ConnectionStep> BrowserAccess::stepsOf(const Entry& entry) const {
-    if (entry.state != State::notAdded)
+    // While it is asked once more, the steps that are being followed stay.
+    const auto settled = settled_.find(entry.id);
+    if (settled == settled_.end() || settled->second != State::notAdded)
         return {};
     return connectionSteps(entry.id, entry.name, connections_.extensionFolder());
 }

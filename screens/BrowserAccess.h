@@ -6,6 +6,7 @@
 #include <QQmlEngine>
 #include <QString>
 
+#include <map>
 #include <set>
 #include <vector>
 
@@ -64,6 +65,7 @@ private:
     BrowserConnections& connections_;
     std::vector<Entry> entries_;
     std::set<std::string> expanded_;
+    std::map<std::string, BrowserConnections::State> settled_; ///< what the last answer said
 };
 
 } // namespace brinmoor

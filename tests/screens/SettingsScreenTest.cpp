@@ -267,6 +267,12 @@ TEST_F(BrowserAccessTest, aBrowserWithoutTheExtensionOffersItsSteps) {
     EXPECT_EQ(at(0, BrowserAccess::CopyablesRole).toStringList(),
               (QStringList{u"chrome://extensions"_qs, QString(),
                            u"/usr/share/brinmoor/extension"_qs, QString()}));
+    scripts.hold = CannedScripts::Hold::everything;
+    check();
+    EXPECT_EQ(at(0, BrowserAccess::WordsRole), u"Checking…"_qs);
+    EXPECT_EQ(at(0, BrowserAccess::HasStepsRole), true);
+    scripts.release();
+    settle();
     access().copy(u"chrome://extensions"_qs);
     EXPECT_EQ(pasteboard.text(), "chrome://extensions");
 }
