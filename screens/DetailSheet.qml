@@ -103,7 +103,7 @@ FocusScope {
                     y: parent.height + 4
                     least: 198
                     // The first choice is under the keyboard at once.
-                    onOpened: menu.currentIndex = 0
+                    onAboutToShow: menu.currentIndex = 0
 
                     MenuEntry {
                         drawing: "actions/16/edit-copy"

@@ -102,7 +102,7 @@ FocusScope {
             id: menu
             x: parent.width - width - 8
             y: parent.height + 8
-            onOpened: menu.currentIndex = view.screen.byMostLinks ? 1 : 0
+            onAboutToShow: menu.currentIndex = view.screen.byMostLinks ? 1 : 0
 
             MenuEntry {
                 checkable: true
