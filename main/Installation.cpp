@@ -25,8 +25,7 @@ Installation Installation::ofThisProgram() {
     const QStringList shared{QStringLiteral("../share/brinmoor"), QStringLiteral("..")};
     return {.automationTool = found(programs, QStringLiteral("brinmoor-automation")),
             .browserHost = found(programs, QStringLiteral("brinmoor-browser-host")),
-            .extensionFolder = found(shared, QStringLiteral("extension")),
-            .browserAccessPage = found(shared, QStringLiteral("browser-access.html"))};
+            .extensionFolder = found(shared, QStringLiteral("extension"))};
 }
 
 } // namespace brinmoor

@@ -10,7 +10,6 @@ struct Installation {
     QString automationTool;
     QString browserHost;
     QString extensionFolder;
-    QString browserAccessPage; ///< how a browser is connected, as a page of its own
 
     [[nodiscard]] static Installation ofThisProgram();
 };

@@ -1,5 +1,7 @@
 #include "app/BrowserConnections.h"
 #include "screens/AppRoot.h"
+#include "screens/BrowserAccess.h"
+#include "screens/OnboardingScreen.h"
 #include "screens/QuickPanel.h"
 #include "screens/SettingsScreen.h"
 #include "screens/ShortcutRecorder.h"
@@ -78,18 +80,20 @@ public:
         desk_.scripts.hold = CannedScripts::Hold::nothing;
         desk_.scripts.release();
         await([&] { return !model_.browserConnections().isChecking(); });
-        QMetaObject::invokeMethod(settings().property("browserAccess").value<QObject*>(),
-                                  "toggleSteps", Q_ARG(int, 2));
+        settings().browserAccess()->toggleSteps(2);
         take("browsers-mixed");
     }
 
     void takeTour() {
         model_.setSection(AppSection::library);
         model_.setShowingOnboarding(true);
-        for (const char* name : {"onboarding-0", "onboarding-1", "onboarding-2"}) {
-            take(name);
-            QMetaObject::invokeMethod(root_.property("onboarding").value<QObject*>(), "goOn");
-        }
+        for (const char* name : {"onboarding-0", "onboarding-1", "onboarding-2"})
+            takePage(name);
+        resize({640, 520});
+        model_.setShowingOnboarding(true);
+        for (const char* name : {"onboarding-0-low", "onboarding-1-low", "onboarding-2-low"})
+            takePage(name);
+        resize(usual);
     }
 
     void takeAccount() {
@@ -138,6 +142,11 @@ private:
     void type(int key, Qt::KeyboardModifiers held, quint32 scanCode) {
         QKeyEvent press(QEvent::KeyPress, key, held, scanCode, 0, 0);
         QCoreApplication::sendEvent(&view_, &press);
+    }
+
+    void takePage(const char* name) {
+        take(name);
+        root_.onboarding()->goOn();
     }
 
     void takeRecorder() {
