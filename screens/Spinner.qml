@@ -12,7 +12,7 @@ ArcShape {
     Accessible.ignored: true
 
     RotationAnimator on rotation {
-        running: spinner.visible
+        running: spinner.visible && !Appearance.reducedMotion
         from: 0
         to: 360
         duration: 900
