@@ -25,6 +25,7 @@ Installation Installation::ofThisProgram() {
     const QStringList shared{QStringLiteral("../share/brinmoor"), QStringLiteral("..")};
     return {.automationTool = found(programs, QStringLiteral("brinmoor-automation")),
             .browserHost = found(programs, QStringLiteral("brinmoor-browser-host")),
+            .iconDecoder = found(programs, QStringLiteral("brinmoor-icon-decoder")),
             .extensionFolder = found(shared, QStringLiteral("extension"))};
 }
 

@@ -9,6 +9,7 @@ namespace brinmoor {
 struct Installation {
     QString automationTool;
     QString browserHost;
+    QString iconDecoder;
     QString extensionFolder;
 
     [[nodiscard]] static Installation ofThisProgram();

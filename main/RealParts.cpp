@@ -3,6 +3,8 @@
 #include "bridge/ExtensionIdentity.h"
 #include "core/capture/CaptureAction.h"
 #include "core/text/Wording.h"
+#include "icons/DecodedPictures.h"
+#include "icons/SiteIconLoader.h"
 #include "platform/HotKeys.h"
 #include "platform/Workspace.h"
 #include "platform/linux/ApplicationIdentity.h"
@@ -51,15 +53,35 @@ AppBuild thisBuild() {
 
 } // namespace
 
+/// What loads the icons of sites. Pictures are from strangers: they are read in a process of their
+/// own, and asked for without anything that the account's session knows.
+struct RealParts::Icons {
+    Icons(Clock& clock, const QString& decoder, const std::string& folder)
+        : pictures(decoder), loader(http, clock, pictures, folder) {}
+
+    NetworkHttp http;
+    DecodedPictures pictures;
+    SiteIconLoader loader;
+};
+
 RealParts::RealParts(const Installation& installation, QQmlEngine& engine)
     : places_(systemPlaces()),
       browsers_(manifestRequest(installation, places_), flatpakFolders(places_.dataHome),
                 installation.extensionFolder.toStdString()),
       preferences_(places_.preferencesFile), hotKeys_(makeHotKeys(hotKeyDescriptions())),
       workspace_(makeWorkspace()), files_(engine), certificate_(trustedCertificate()),
-      http_(certificate_), scripts_(installation.automationTool) {}
+      http_(certificate_), scripts_(installation.automationTool),
+      iconDecoder_(installation.iconDecoder) {}
 
 RealParts::~RealParts() = default;
+
+SiteIconSource RealParts::siteIcons() {
+    if (!icons_)
+        icons_ = std::make_unique<Icons>(clock_, iconDecoder_, places_.iconsFolder);
+    return [this](std::string page, std::optional<std::string> hint) {
+        return icons_->loader.image(std::move(page), std::move(hint));
+    };
+}
 
 AppParts RealParts::parts() {
     return {.browsers = browsers_,

@@ -13,6 +13,7 @@
 #include "platform/linux/SystemRandom.h"
 #include "platform/linux/XdgOpener.h"
 #include "screens/QuickFileDialogs.h"
+#include "screens/SiteIconSource.h"
 
 #include <memory>
 
@@ -29,9 +30,13 @@ public:
 
     [[nodiscard]] AppParts parts();
     [[nodiscard]] SystemOpener& opener() noexcept { return opener_; }
+    /// The icons of sites, by a network session of their own; made when it is first asked for.
+    [[nodiscard]] SiteIconSource siteIcons();
     [[nodiscard]] BrowserSetup& browsers() noexcept { return browsers_; }
 
 private:
+    struct Icons;
+
     Places places_;
     DesktopBrowsers browsers_;
     SystemClock clock_;
@@ -46,6 +51,8 @@ private:
     SystemRandom random_;
     LibsecretStore secrets_;
     ScriptTool scripts_;
+    QString iconDecoder_;
+    std::unique_ptr<Icons> icons_;
 };
 
 } // namespace brinmoor

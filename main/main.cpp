@@ -43,6 +43,9 @@ int main(int count, char** arguments) {
                              shell.applicationDidBecomeActive();
                      });
     // After the first frame: no window waits for it.
-    QTimer::singleShot(0, &application, [&] { real.browsers().tellBrowsers(); });
+    QTimer::singleShot(0, &application, [&] {
+        panels.setSiteIcons(real.siteIcons());
+        real.browsers().tellBrowsers();
+    });
     return QGuiApplication::exec();
 }

@@ -10,9 +10,12 @@ Overlay {
     property string confirmText: Wording.words("OK")
     /// Empty: there is nothing to cancel, and Esc confirms.
     property string cancelText: Wording.words("Cancel")
+    /// Another way out of the matter, at the left.
+    property string asideText: ""
     property bool destructive: false
 
     signal confirmed
+    signal asideChosen
 
     cardWidth: 412
     cardHeight: column.height + 50
@@ -59,25 +62,37 @@ Overlay {
             width: 1
             height: 20
         }
-        Row {
-            anchors.right: parent.right
-            spacing: 8
+        Item {
+            width: parent.width
+            height: 34
 
-            SecondaryButton {
-                id: cancel
-                visible: alert.cancelText.length > 0
-                text: alert.cancelText
-                onClicked: alert.cancelled()
+            TextButton {
+                // The word begins where the message does.
+                x: -15
+                visible: alert.asideText.length > 0
+                text: alert.asideText
+                onClicked: alert.asideChosen()
             }
-            BaseButton {
-                id: confirm
-                text: alert.confirmText
-                fill: alert.destructive ? Theme.rust : Theme.sage
-                ringColor: fill
-                labelColor: Theme.onAccent
-                hoverGround: Theme.accentHover
-                pressGround: Theme.accentPress
-                onClicked: alert.confirmed()
+            Row {
+                anchors.right: parent.right
+                spacing: 8
+
+                SecondaryButton {
+                    id: cancel
+                    visible: alert.cancelText.length > 0
+                    text: alert.cancelText
+                    onClicked: alert.cancelled()
+                }
+                BaseButton {
+                    id: confirm
+                    text: alert.confirmText
+                    fill: alert.destructive ? Theme.rust : Theme.sage
+                    ringColor: fill
+                    labelColor: Theme.onAccent
+                    hoverGround: Theme.accentHover
+                    pressGround: Theme.accentPress
+                    onClicked: alert.confirmed()
+                }
             }
         }
     }

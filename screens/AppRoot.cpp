@@ -9,8 +9,25 @@
 #include "screens/OnboardingScreen.h"
 #include "screens/SettingsScreen.h"
 #include "screens/TagsScreen.h"
+#include "core/search/LinkSearch.h"
+#include "core/text/Wording.h"
 
 namespace brinmoor {
+
+namespace {
+
+/// What the words for a missing permission have in common, as they were first written and in the
+/// words of this platform.
+constexpr std::string_view automation = "Automation";
+
+bool namesAutomation(const std::string& message) {
+    const std::string here = text::worded(automation);
+    if (here == automation)
+        return message.find(automation) != std::string::npos;
+    return LinkSearch::folded(message).find(LinkSearch::folded(here)) != std::string::npos;
+}
+
+} // namespace
 
 AppRoot::AppRoot(AppModel& model, QObject* parent)
     : QObject(parent), model_(model), library_(model, this), tags_(new TagsScreen(model, this)),
@@ -20,6 +37,7 @@ AppRoot::AppRoot(AppModel& model, QObject* parent)
       settings_(new SettingsScreen(model, this)), account_(new AccountScreen(model, this)),
       onboarding_(new OnboardingScreen(model, this)) {
     connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
+    connect(&library_, &LibraryScreen::shortcutSettingsWanted, this, &AppRoot::showSettings);
     connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
     connect(&library_, &LibraryScreen::shortcutSettingsWanted, settings_,
             &SettingsScreen::showCapture);
@@ -71,6 +89,10 @@ void AppRoot::addLink() {
 
 QString AppRoot::error() const {
     return model_.errorText();
+}
+
+bool AppRoot::errorLeadsToSettings() const {
+    return namesAutomation(model_.error().value_or(""));
 }
 
 void AppRoot::dismissError() {

@@ -27,6 +27,8 @@ class AppRoot final : public QObject {
     Q_PROPERTY(QString section READ section NOTIFY sectionChanged FINAL)
     /// What the application could not do; empty when there is nothing to tell.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
+    /// Whether the page about the connections to browsers can mend it.
+    Q_PROPERTY(bool errorLeadsToSettings READ errorLeadsToSettings NOTIFY errorChanged FINAL)
     Q_PROPERTY(brinmoor::LibraryScreen* library READ library CONSTANT FINAL)
     Q_PROPERTY(brinmoor::TagsScreen* tags MEMBER tags_ CONSTANT FINAL)
     Q_PROPERTY(brinmoor::AddForm* add MEMBER add_ CONSTANT FINAL)
@@ -60,6 +62,7 @@ public:
     Q_INVOKABLE void addLink();
 
     [[nodiscard]] QString error() const;
+    [[nodiscard]] bool errorLeadsToSettings() const;
     Q_INVOKABLE void dismissError();
 
     [[nodiscard]] LibraryScreen* library() noexcept { return &library_; }

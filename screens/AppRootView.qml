@@ -120,6 +120,7 @@ Rectangle {
     ErrorAlert {
         id: alert
         error: root.screen.error
+        leadsToSettings: root.screen.errorLeadsToSettings
         onDismissed: root.screen.dismissError()
         onSettingsWanted: root.screen.showBrowserAccess()
     }

@@ -6,27 +6,29 @@ Alert {
     id: alert
 
     required property string error
+    required property bool leadsToSettings
 
     signal dismissed
     signal settingsWanted
 
-    readonly property bool leadsToSettings: message.includes("Automation")
-
     shown: error.length > 0
     title: Wording.words("Couldn’t finish that")
     message: ""
-    confirmText: leadsToSettings ? Wording.words("Automation Settings") : Wording.words("OK")
-    cancelText: leadsToSettings ? Wording.words("OK") : ""
+    cancelText: ""
 
-    onErrorChanged: {
-        // The words stay while the alert leaves.
-        if (error.length > 0)
-            message = error;
+    // The words stay while the alert leaves.
+    function keepWords() {
+        if (error.length === 0)
+            return;
+        message = error;
+        asideText = leadsToSettings ? Wording.words("Automation Settings") : "";
     }
-    onConfirmed: {
-        if (leadsToSettings)
-            alert.settingsWanted();
+    onErrorChanged: alert.keepWords()
+    onLeadsToSettingsChanged: alert.keepWords()
+    onAsideChosen: {
+        alert.settingsWanted();
         alert.dismissed();
     }
+    onConfirmed: alert.dismissed()
     onCancelled: alert.dismissed()
 }

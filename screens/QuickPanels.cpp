@@ -8,6 +8,7 @@
 #include "screens/QuickCaptureForm.h"
 #include "screens/ScreenModule.h"
 #include "screens/ShellMenu.h"
+#include "screens/SiteIcons.h"
 #include "screens/TabSearchPanel.h"
 #include "screens/TabSelectionList.h"
 
@@ -205,6 +206,10 @@ void QuickPanels::setAppearance(AppAppearance appearance) {
 
 void QuickPanels::setReducedMotion(bool reduced) {
     appearance_.setReducedMotion(reduced);
+}
+
+void QuickPanels::setSiteIcons(SiteIconSource source) {
+    siteIconsOf(engine_).setSource(std::move(source));
 }
 
 } // namespace brinmoor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Panels.h"
+#include "screens/SiteIconSource.h"
 
 #include <QPointer>
 #include <QQmlEngine>
@@ -43,6 +44,9 @@ public:
 
     /// Leaves movement out of every window, or takes it up again.
     void setReducedMotion(bool reduced);
+
+    /// Shows the icons of sites from here on.
+    void setSiteIcons(SiteIconSource source);
 
     [[nodiscard]] QQmlEngine& engine() noexcept { return engine_; }
 

@@ -19,6 +19,11 @@ void SiteIcons::setSource(SiteIconSource source) {
     Q_EMIT sourceChanged();
 }
 
+SiteIcons& siteIconsOf(QQmlEngine& engine) {
+    static const int type = qmlTypeId("Brinmoor", 1, 0, "SiteIcons");
+    return *engine.singletonInstance<SiteIcons*>(type);
+}
+
 SiteIconShape::SiteIconShape(QQuickItem* parent) : QQuickPaintedItem(parent) {
     setAntialiasing(true);
 }
@@ -47,7 +52,7 @@ void SiteIconShape::setHint(const QString& hint) {
 void SiteIconShape::componentComplete() {
     QQuickPaintedItem::componentComplete();
     if (QQmlEngine* engine = qmlEngine(this))
-        icons_ = engine->singletonInstance<SiteIcons*>(qmlTypeId("Brinmoor", 1, 0, "SiteIcons"));
+        icons_ = &siteIconsOf(*engine);
     if (icons_)
         connect(icons_, &SiteIcons::sourceChanged, this, &SiteIconShape::askLater);
     askLater();

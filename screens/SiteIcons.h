@@ -1,22 +1,15 @@
 #pragma once
 
-#include <QCoroTask>
+#include "screens/SiteIconSource.h"
+
 #include <QImage>
 #include <QObject>
 #include <QQuickPaintedItem>
 #include <QString>
 
-#include <functional>
 #include <memory>
-#include <optional>
-#include <string>
 
 namespace brinmoor {
-
-/// Answers with the icon of the site of a page as the bytes of a picture, or with nothing; the
-/// hint is where the page said that its icon is. Never fails.
-using SiteIconSource = std::function<QCoro::Task<std::optional<QByteArray>>(
-    std::string page, std::optional<std::string> hint)>;
 
 /// Where the screens of an engine get the icons of sites. Without a source there are none. Main
 /// thread.
@@ -38,6 +31,9 @@ Q_SIGNALS:
 private:
     SiteIconSource source_;
 };
+
+/// Those of an engine.
+[[nodiscard]] SiteIcons& siteIconsOf(QQmlEngine& engine);
 
 /// The icon of a page's site, fitted into the item with rounded corners; nothing where there is
 /// none. A later address replaces an earlier one, whatever arrives when.

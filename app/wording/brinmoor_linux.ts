@@ -32,6 +32,14 @@
         <translation>Allow Brinmoor in Settings → Browser Access.</translation>
     </message>
     <message>
+        <source>Automation</source>
+        <translation>browser access</translation>
+    </message>
+    <message>
+        <source>Automation Settings</source>
+        <translation>Browser Access Settings</translation>
+    </message>
+    <message>
         <source>Open Automation Settings ↗</source>
         <translation>Open Browser Access Settings ↗</translation>
     </message>
