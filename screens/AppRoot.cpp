@@ -14,20 +14,14 @@
 
 namespace brinmoor {
 
-namespace {
-
-/// What the words for a missing permission have in common, as they were first written and in the
-/// words of this platform.
-constexpr std::string_view automation = "Automation";
-
 bool namesAutomation(const std::string& message) {
+    constexpr std::string_view automation = "Automation";
+    if (message.find(automation) != std::string::npos)
+        return true;
     const std::string here = text::worded(automation);
-    if (here == automation)
-        return message.find(automation) != std::string::npos;
-    return LinkSearch::folded(message).find(LinkSearch::folded(here)) != std::string::npos;
+    return here != automation &&
+           LinkSearch::folded(message).find(LinkSearch::folded(here)) != std::string::npos;
 }
-
-} // namespace
 
 AppRoot::AppRoot(AppModel& model, QObject* parent)
     : QObject(parent), model_(model), library_(model, this), tags_(new TagsScreen(model, this)),

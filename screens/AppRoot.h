@@ -18,6 +18,10 @@ class OnboardingScreen;
 class SettingsScreen;
 class TagsScreen;
 
+/// Whether a text for the user is about a missing permission to use a browser, in the words of
+/// this platform or as it was first written.
+[[nodiscard]] bool namesAutomation(const std::string& message);
+
 /// What the library window shows: which section, the screen of each, and the sheets above them.
 class AppRoot final : public QObject {
     Q_OBJECT

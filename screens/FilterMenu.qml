@@ -19,10 +19,20 @@ T.Popup {
     modal: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
-    onAboutToShow: choices = search.refinements()
-    onClosed: choices = []
-
     property var choices: []
+    /// What had the keyboard before.
+    property Item before: null
+
+    onAboutToShow: {
+        before = parent.Window.activeFocusItem;
+        choices = search.refinements();
+    }
+    onClosed: {
+        choices = [];
+        if (before && before.Window.activeFocusItem === before.Window.contentItem)
+            before.forceActiveFocus(Qt.PopupFocusReason);
+        before = null;
+    }
 
     background: MenuGround {}
     contentItem: FilterChoices {

@@ -52,7 +52,7 @@ ListView {
         width: Theme.columnWidth(list.width) + 24
         screen: list.screen
         current: ListView.isCurrentItem && list.activeFocus && list.byKeyboard
-        ringed: current && list.Window.activeFocusItem === list
+        ringed: current && activeFocus && list.Window.activeFocusItem === this
         onPressedOn: {
             list.byKeyboard = false;
             list.currentIndex = index;
@@ -107,7 +107,8 @@ ListView {
     }
 
     ItemFocus {
-        item: list
+        // The list hands the keyboard on to its current row.
+        item: list.currentItem ?? list
         onArrivedByKeys: list.arrive()
     }
     RowMenu {

@@ -46,6 +46,34 @@ Rectangle {
         address: row.address
         iconHint: row.iconHint
     }
+    // Before the tags in the order of the keyboard.
+    Row {
+        anchors.right: parent.right
+        anchors.rightMargin: 11
+        y: 9
+        spacing: 2
+
+        Repeater {
+            model: row.active ? 1 : 0
+            delegate: RowButton {
+                reachable: row.current
+                drawing: "actions/16/document-edit"
+                text: Wording.words("Edit note and tags")
+                onClicked: row.screen.commands.edit(row.linkId)
+            }
+        }
+        Repeater {
+            model: row.active || row.isFavorite ? 1 : 0
+            delegate: RowButton {
+                reachable: row.current
+                drawing: row.isFavorite ? "emblems/16/rating" : "emblems/16/rating-unrated"
+                drawingColor: row.isFavorite ? Theme.sage : hovered || down ? Theme.ink : Theme.ink3
+                text: row.isFavorite ? Wording.words("Remove Favorite")
+                                     : Wording.words("Favorite Link")
+                onClicked: row.screen.commands.toggleFavorite(row.linkId)
+            }
+        }
+    }
     Column {
         id: texts
 
@@ -101,34 +129,6 @@ Rectangle {
             lineHeight: 19
             lineHeightMode: Text.FixedHeight
             Accessible.ignored: true
-        }
-    }
-    Row {
-        anchors.right: parent.right
-        anchors.rightMargin: 11
-        y: 9
-        layoutDirection: Qt.RightToLeft
-        spacing: 2
-
-        Repeater {
-            model: row.active || row.isFavorite ? 1 : 0
-            delegate: RowButton {
-                reachable: row.current
-                drawing: row.isFavorite ? "emblems/16/rating" : "emblems/16/rating-unrated"
-                drawingColor: row.isFavorite ? Theme.sage : hovered || down ? Theme.ink : Theme.ink3
-                text: row.isFavorite ? Wording.words("Remove Favorite")
-                                     : Wording.words("Favorite Link")
-                onClicked: row.screen.commands.toggleFavorite(row.linkId)
-            }
-        }
-        Repeater {
-            model: row.active ? 1 : 0
-            delegate: RowButton {
-                reachable: row.current
-                drawing: "actions/16/document-edit"
-                text: Wording.words("Edit note and tags")
-                onClicked: row.screen.commands.edit(row.linkId)
-            }
         }
     }
 }

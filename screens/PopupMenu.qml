@@ -18,6 +18,15 @@ T.Menu {
     margins: 12
     overlap: 0
 
+    /// What had the keyboard before; it gets it back unless something else has taken it.
+    property Item before: null
+    onAboutToShow: before = parent ? parent.Window.activeFocusItem : null
+    onClosed: {
+        if (before && before.Window.activeFocusItem === before.Window.contentItem)
+            before.forceActiveFocus(Qt.PopupFocusReason);
+        before = null;
+    }
+
     function widest(): real {
         let most = 0;
         for (let at = 0; at < menu.count; ++at)

@@ -7,16 +7,16 @@ import Brinmoor
 Item {
     id: buttons
 
-    required property SwipeEvents swipe
+    required property SwipeEvents row
     required property string linkId
     required property bool isArchived
     required property LinkCommands commands
 
-    readonly property bool atLeft: swipe.offset > 0
+    readonly property bool atLeft: row.offset > 0
 
-    x: atLeft ? 0 : parent.width - width
-    width: Math.abs(swipe.offset)
-    height: parent.height
+    x: atLeft ? 0 : row.width - width
+    width: Math.abs(row.offset)
+    height: row.height
     clip: true
 
     Row {
@@ -29,9 +29,9 @@ Item {
             height: parent.height
             title: Wording.words("Copy")
             drawing: "actions/16/link"
-            expansion: buttons.swipe.copyIntent
-            pending: buttons.swipe.copyPending
-            onClicked: buttons.swipe.copyWanted()
+            expansion: buttons.row.copyIntent
+            pending: buttons.row.copyPending
+            onClicked: buttons.row.copyWanted()
         }
         SwipeActionButton {
             height: parent.height
@@ -53,7 +53,7 @@ Item {
             drawing: "actions/16/edit-delete"
             tone: Theme.muted
             onClicked: {
-                buttons.swipe.close();
+                buttons.row.close();
                 buttons.commands.remove(buttons.linkId);
             }
         }
@@ -61,9 +61,9 @@ Item {
             height: parent.height
             title: buttons.isArchived ? Wording.words("Restore") : Wording.words("Archive")
             drawing: buttons.isArchived ? "actions/16/edit-undo" : "places/16/folder-download"
-            expansion: buttons.swipe.archiveIntent
-            pending: buttons.swipe.archivePending
-            onClicked: buttons.swipe.archiveWanted()
+            expansion: buttons.row.archiveIntent
+            pending: buttons.row.archivePending
+            onClicked: buttons.row.archiveWanted()
         }
     }
 }

@@ -93,7 +93,7 @@ SwipeEvents {
     Repeater {
         model: swipe.pushed ? 1 : 0
         delegate: SwipeButtons {
-            swipe: swipe
+            row: swipe
             linkId: swipe.linkId
             isArchived: swipe.isArchived
             commands: swipe.screen.commands

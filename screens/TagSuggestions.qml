@@ -10,7 +10,7 @@ Item {
     required property LibrarySearch search
     required property bool wanted
 
-    readonly property bool offered: wanted && repeater.count > 0
+    readonly property bool offered: wanted && search.tagSuggestions.length > 0
     property int place: 0
 
     width: 248
@@ -48,7 +48,7 @@ Item {
 
         Repeater {
             id: repeater
-            model: suggestions.offered || suggestions.wanted ? suggestions.search.tagSuggestions : []
+            model: suggestions.search.tagSuggestions
             delegate: Rectangle {
                 id: entry
 

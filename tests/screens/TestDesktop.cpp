@@ -126,8 +126,21 @@ void TestDesktop::movePointer(int x, int y) const {
 }
 
 void TestDesktop::click(int x, int y) const {
+    clickButton(1, x, y);
+}
+
+void TestDesktop::clickButton(std::uint8_t button, int x, int y) const {
+    movePointer(x, y);
+    fake(XCB_BUTTON_PRESS, button);
+    fake(XCB_BUTTON_RELEASE, button);
+}
+
+void TestDesktop::drag(int x, int y, int byX, int byY) const {
+    constexpr int steps = 10;
     movePointer(x, y);
     fake(XCB_BUTTON_PRESS, 1);
+    for (int step = 1; step <= steps; ++step)
+        movePointer(x + byX * step / steps, y + byY * step / steps);
     fake(XCB_BUTTON_RELEASE, 1);
 }
 

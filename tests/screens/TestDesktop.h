@@ -35,6 +35,11 @@ public:
     /// Types lower-case letters, digits, blanks and commas.
     void type(std::string_view text) const;
     void click(int x, int y) const;
+    /// Presses and lets go another button: 3 is the right one, 4 to 7 are a wheel's notches up,
+    /// down, to the left and to the right.
+    void clickButton(std::uint8_t button, int x, int y) const;
+    /// Presses at a place and moves on sideways or up and down before letting go.
+    void drag(int x, int y, int byX, int byY) const;
     void movePointer(int x, int y) const;
 
     /// Says to every program that windows are composited, until the desktop goes.
@@ -56,7 +61,11 @@ inline constexpr std::uint32_t escape = 0xff1b;
 inline constexpr std::uint32_t enter = 0xff0d;
 inline constexpr std::uint32_t tab = 0xff09;
 inline constexpr std::uint32_t space = 0x20;
+inline constexpr std::uint32_t up = 0xff52;
 inline constexpr std::uint32_t down = 0xff54;
+inline constexpr std::uint32_t menu = 0xff67;
+inline constexpr std::uint32_t f10 = 0xffc7;
+inline constexpr std::uint32_t del = 0xffff;
 inline constexpr std::uint32_t letterA = 0x61;
 } // namespace Key
 
