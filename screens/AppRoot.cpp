@@ -1,6 +1,8 @@
 #include "screens/AppRoot.h"
 
 #include "app/AppModel.h"
+#include "core/search/LinkSearch.h"
+#include "core/text/Wording.h"
 #include "screens/AccountScreen.h"
 #include "screens/AddForm.h"
 #include "screens/CleanupReviewList.h"
@@ -9,8 +11,6 @@
 #include "screens/OnboardingScreen.h"
 #include "screens/SettingsScreen.h"
 #include "screens/TagsScreen.h"
-#include "core/search/LinkSearch.h"
-#include "core/text/Wording.h"
 
 namespace brinmoor {
 

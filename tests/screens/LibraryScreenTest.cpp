@@ -6,7 +6,6 @@ namespace {
 using namespace testing;
 
 constexpr std::uint32_t letterE = 0x65;
-constexpr std::uint32_t letterF = 0x66;
 constexpr std::uint32_t digitThree = 0x33;
 
 class LibraryScreenTest : public LibraryDesk {
@@ -24,7 +23,7 @@ protected:
 
 TEST_F(LibraryScreenTest, typingFindsAndEscapeEndsTheSearch) {
     openLibrary();
-    desktop.press(letterF, {"Ctrl"});
+    model().focusSearch();
     ASSERT_TRUE(
         waitUntil([&] { return seen(u"SearchField"_qs)->property("inputFocused").toBool(); }));
     desktop.type("bread");
@@ -50,7 +49,7 @@ TEST_F(LibraryScreenTest, aQueryOfBlanksKeepsTheDaysAndCanBeCleared) {
 
 TEST_F(LibraryScreenTest, aNumberSignOffersTagsAndEnterTakesOne) {
     openLibrary();
-    desktop.press(letterF, {"Ctrl"});
+    model().focusSearch();
     ASSERT_TRUE(
         waitUntil([&] { return seen(u"SearchField"_qs)->property("inputFocused").toBool(); }));
     desktop.press(digitThree, {"Shift"});
@@ -167,7 +166,7 @@ TEST_F(LibraryScreenTest, theTourIsOfferedUntilItIsCompleted) {
 
 TEST_F(LibraryScreenTest, theListIsOneStopOfTheKeyboard) {
     openLibrary();
-    desktop.press(letterF, {"Ctrl"});
+    model().focusSearch();
     ASSERT_TRUE(
         waitUntil([&] { return seen(u"SearchField"_qs)->property("inputFocused").toBool(); }));
     for (const char* stop : {"Everywhere", "Library", "Favorites", "Archive", "Filter results"}) {

@@ -107,8 +107,8 @@ TEST_F(RowSwipesTest, aVerticalPushMovesTheListAndNotTheRow) {
     const double before = list->property("contentY").toDouble();
     QQuickItem* third = row(u"Page 3"_qs);
     scroll(third, Qt::ScrollBegin, {});
-    scroll(third, Qt::ScrollUpdate, {-10, -40});
-    scroll(third, Qt::ScrollUpdate, {-60, -40});
+    for (int step = 0; step < 6; ++step)
+        scroll(third, Qt::ScrollUpdate, {-12, -30});
     scroll(third, Qt::ScrollEnd, {});
     EXPECT_TRUE(waitUntil([&] { return list->property("contentY").toDouble() > before; }));
     EXPECT_EQ(third->property("offset").toDouble(), 0);
