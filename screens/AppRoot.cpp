@@ -31,7 +31,6 @@ AppRoot::AppRoot(AppModel& model, QObject* parent)
       settings_(new SettingsScreen(model, this)), account_(new AccountScreen(model, this)),
       onboarding_(new OnboardingScreen(model, this)) {
     connect(&model, &AppModel::sectionChanged, this, &AppRoot::sectionChanged);
-    connect(&library_, &LibraryScreen::shortcutSettingsWanted, this, &AppRoot::showSettings);
     connect(&model, &AppModel::errorChanged, this, &AppRoot::errorChanged);
     connect(&library_, &LibraryScreen::shortcutSettingsWanted, settings_,
             &SettingsScreen::showCapture);
