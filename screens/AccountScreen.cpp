@@ -1,16 +1,12 @@
 #include "screens/AccountScreen.h"
 
 #include "app/AppModel.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 namespace brinmoor {
 namespace {
 
 using Stage = AccountController::SignInStage;
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
 
 } // namespace
 

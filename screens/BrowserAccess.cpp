@@ -2,7 +2,7 @@
 
 #include "app/AppModel.h"
 #include "core/capture/CaptureError.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 #include <QStringList>
 
@@ -13,10 +13,6 @@ namespace {
 
 using State = BrowserConnections::State;
 using Entry = BrowserConnections::Entry;
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
 
 BrowserAccess::Mark markOf(State state) {
     switch (state) {

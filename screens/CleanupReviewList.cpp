@@ -2,7 +2,7 @@
 
 #include "app/AppModel.h"
 #include "app/TabCleanup.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 #include <algorithm>
 #include <map>
@@ -11,10 +11,6 @@
 namespace brinmoor {
 
 namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
 
 /// Site after site in the order in which they come first; `count` is how many there are.
 std::vector<BrowserTabSnapshot> bySite(const std::vector<BrowserTabSnapshot>& tabs, int& count) {

@@ -1,15 +1,13 @@
 #include "screens/LibraryList.h"
 
+#include "screens/Wording.h"
+
 #include <algorithm>
 #include <iterator>
 
 namespace brinmoor {
 
 namespace {
-
-QString shown(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 QStringList tagNames(const SavedLink& link) {
     QStringList names;

@@ -2,9 +2,9 @@
 
 #include "app/AppModel.h"
 #include "core/search/LibraryLists.h"
-#include "core/text/Wording.h"
 #include "platform/Clock.h"
 #include "platform/Preferences.h"
+#include "screens/Wording.h"
 
 #include <algorithm>
 
@@ -14,13 +14,9 @@ namespace {
 
 constexpr std::string_view usageNoticeKey = "hasSeenUsageNotice";
 
-QString worded(std::string_view text) {
-    return QString::fromStdString(text::worded(text));
-}
-
 /// "1 link", "2 links".
 QString countWords(std::size_t links) {
-    return QString::number(links) + u' ' + worded(links == 1 ? "link" : "links");
+    return QString::number(links) + u' ' + words(links == 1 ? "link" : "links");
 }
 
 } // namespace
@@ -108,8 +104,8 @@ QString LibraryScreen::undoMessage() const {
     if (!undo)
         return {};
     if (undo->ids.size() == 1)
-        return worded(undo->archived ? "Link archived" : "Link restored");
-    return countWords(undo->ids.size()) + worded(undo->archived ? " archived" : " restored");
+        return words(undo->archived ? "Link archived" : "Link restored");
+    return countWords(undo->ids.size()) + words(undo->archived ? " archived" : " restored");
 }
 
 void LibraryScreen::undoArchive() {
@@ -141,7 +137,7 @@ void LibraryScreen::setBulkAction(UuidSet ids) {
     bulkAction_ = std::move(ids);
     bulkQuestion_ = bulkAction_.empty()
                         ? QString()
-                        : worded("Permanently delete ") + countWords(bulkAction_.size()) + u'?';
+                        : words("Permanently delete ") + countWords(bulkAction_.size()) + u'?';
     Q_EMIT bulkActionChanged();
 }
 

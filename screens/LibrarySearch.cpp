@@ -3,22 +3,14 @@
 #include "app/AppModel.h"
 #include "core/search/LibraryLists.h"
 #include "core/search/LinkSearch.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 namespace brinmoor {
 
 namespace {
 
-QString shown(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 QString shown(const std::optional<std::string>& text) {
-    return text ? shown(*text) : QString();
-}
-
-QString worded(std::string_view text) {
-    return shown(text::worded(text));
+    return text ? brinmoor::shown(*text) : QString();
 }
 
 constexpr QLatin1String headingKind("heading");
@@ -153,17 +145,17 @@ QVariantList LibrarySearch::refinements() const {
     };
     const LibraryFilter& view = model_.view();
     const std::vector<SavedLink>& links = model_.library().links;
-    add(headingKind, worded("Tags"));
-    add(tagKind, worded("All tags"), {}, !view.selectedTag);
+    add(headingKind, words("Tags"));
+    add(tagKind, words("All tags"), {}, !view.selectedTag);
     for (const TagSummary& each : view.tagSummaries(links))
         add(tagKind, shown(each.name), shown(each.name), isSame(each.name, view.selectedTag));
     add(lineKind, {});
-    add(headingKind, worded("Websites"));
-    add(websiteKind, worded("All websites"), {}, !view.selectedDomain);
+    add(headingKind, words("Websites"));
+    add(websiteKind, words("All websites"), {}, !view.selectedDomain);
     for (const std::string& each : LibraryLists::domainOptions(links))
         add(websiteKind, shown(each), shown(each), isSame(each, view.selectedDomain));
     add(lineKind, {});
-    add(noteKind, worded("Has a note"), {}, view.notesOnly);
+    add(noteKind, words("Has a note"), {}, view.notesOnly);
     return choices;
 }
 

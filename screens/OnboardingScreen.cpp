@@ -1,17 +1,13 @@
 #include "screens/OnboardingScreen.h"
 
 #include "app/AppModel.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 #include <algorithm>
 #include <array>
 
 namespace brinmoor {
 namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
 
 struct Page {
     std::string_view heading;

@@ -4,25 +4,17 @@
 #include "app/AppUpdater.h"
 #include "app/SavedSettings.h"
 #include "core/search/LibraryLists.h"
-#include "core/text/Wording.h"
 #include "platform/Preferences.h"
 #include "screens/BrowserAccess.h"
 #include "screens/OwnerUsage.h"
 #include "screens/ShortcutRecorder.h"
+#include "screens/Wording.h"
 
 #include <QPointer>
 
 #include <utility>
 
 namespace brinmoor {
-namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
-
-} // namespace
-
 /// Which links are to be archived, as they were when the button was pressed.
 struct SettingsScreen::ArchiveQuestion {
     UuidSet links;

@@ -1,7 +1,7 @@
 #include "screens/ShortcutRecorder.h"
 
-#include "core/text/Wording.h"
 #include "screens/RecordedKey.h"
+#include "screens/Wording.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -10,14 +10,6 @@
 #include <utility>
 
 namespace brinmoor {
-namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
-
-} // namespace
-
 ShortcutRecorder::ShortcutRecorder(CaptureAction action, ShortcutRecorderActions actions,
                                    QObject* parent)
     : QObject(parent), action_(action), actions_(std::move(actions)) {}

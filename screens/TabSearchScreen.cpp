@@ -1,17 +1,9 @@
 #include "screens/TabSearchScreen.h"
 
 #include "browser/TabSearchModel.h"
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 namespace brinmoor {
-
-namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
-
-} // namespace
 
 TabSearchScreen::TabSearchScreen(TabSearchModel& search, QObject* parent)
     : QAbstractListModel(parent), search_(search) {

@@ -1,18 +1,10 @@
 #include "screens/TabSelectionList.h"
 
-#include "core/text/Wording.h"
+#include "screens/Wording.h"
 
 #include <algorithm>
 
 namespace brinmoor {
-
-namespace {
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
-
-} // namespace
 
 TabSelectionList::TabSelectionList(Uuid draftID, TabSelectionActions actions, QObject* parent)
     : QAbstractListModel(parent), draftID_(draftID), actions_(std::move(actions)) {}

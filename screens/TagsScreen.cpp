@@ -4,6 +4,7 @@
 #include "core/text/Characters.h"
 #include "core/text/Wording.h"
 #include "platform/Preferences.h"
+#include "screens/Wording.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,10 +14,6 @@ namespace brinmoor {
 namespace {
 
 constexpr std::string_view orderKey = "tagSummarySortOrder";
-
-QString words(std::string_view source) {
-    return QString::fromStdString(text::worded(source));
-}
 
 /// "1 link", "14 links".
 QString linksText(std::size_t count) {
