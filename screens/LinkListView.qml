@@ -51,6 +51,7 @@ ListView {
         x: Theme.columnLeft(list.width) - 12
         width: Theme.columnWidth(list.width) + 24
         screen: list.screen
+        held: menu.visible && menu.linkId === linkId
         current: ListView.isCurrentItem && list.activeFocus && list.byKeyboard
         ringed: current && activeFocus && list.Window.activeFocusItem === this
         onPressedOn: {

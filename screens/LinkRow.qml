@@ -20,11 +20,12 @@ Rectangle {
     /// The keyboard is in this row, and came there by keys.
     required property bool current
     required property bool ringed
+    required property bool held
     /// Pushed aside, the row is a card that hides what lies behind it.
     required property bool pushed
 
     readonly property bool hovered: pointer.hovered
-    readonly property bool active: hovered || current
+    readonly property bool active: hovered || current || held
 
     implicitHeight: Math.max(42, texts.height) + 20
     radius: 14

@@ -22,6 +22,8 @@ SwipeEvents {
     /// Whether this is the row that the keyboard is on, and whether that is to be seen.
     property bool current: false
     property bool ringed: false
+    /// Its menu is open.
+    property bool held: false
 
     readonly property bool pushed: offset !== 0
 
@@ -117,6 +119,7 @@ SwipeEvents {
         screen: swipe.screen
         current: swipe.current
         ringed: swipe.ringed
+        held: swipe.held
         pushed: swipe.pushed
     }
 }

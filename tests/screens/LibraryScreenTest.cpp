@@ -1,3 +1,4 @@
+#include "screens/AppRoot.h"
 #include "tests/screens/LibraryDesk.h"
 
 namespace brinmoor {
@@ -176,6 +177,7 @@ TEST_F(LibraryScreenTest, theListIsOneStopOfTheKeyboard) {
     desktop.press(Key::tab);
     ASSERT_TRUE(focusIsOnList());
     EXPECT_TRUE(currentIs(u"Bread"_qs));
+    EXPECT_TRUE(row(u"Bread"_qs)->property("ringed").toBool());
     desktop.press(Key::tab);
     EXPECT_TRUE(focusIsOn(u"Edit note and tags"_qs));
     desktop.press(Key::tab);
@@ -288,6 +290,12 @@ TEST_F(LibraryScreenTest, anArchivedLinkLeavesTheOthersWhereTheyAre) {
     ASSERT_TRUE(waitUntil([&] { return row(u"Page 33"_qs) == nullptr; }));
     EXPECT_NEAR(list->property("contentY").toDouble(), before, 1);
     EXPECT_NE(row(u"Page 32"_qs), nullptr);
+}
+
+TEST(LibraryErrors, onlyOneThatNamesAutomationLeadsToTheSettings) {
+    EXPECT_TRUE(namesAutomation("Check Automation access for Chromium."));
+    EXPECT_FALSE(namesAutomation("Check access for Chromium."));
+    EXPECT_FALSE(namesAutomation("Export failed: automation.json"));
 }
 
 TEST_F(LibraryScreenTest, theHintShowsTheKeysAndAsksForTheirSettings) {

@@ -46,6 +46,9 @@ private:
     QuickPanels panels_;
 };
 
+/// The library in its states, and the swipes of its rows.
+void takeLibraryStates(Studio& studio);
+
 /// The link editors, the tags, the e-mail and the review of tabs to close.
 void takeSheets(Studio& studio);
 

@@ -182,6 +182,7 @@ int main(int count, char** arguments) {
     for (const auto appearance : {brinmoor::AppAppearance::cream, brinmoor::AppAppearance::black}) {
         brinmoor::Studio studio(folder, appearance);
         brinmoor::Tour(studio).takeAll();
+        brinmoor::takeLibraryStates(studio);
         brinmoor::takeSettings(studio);
         brinmoor::takeTabSearch(studio);
         brinmoor::takeSheets(studio);
