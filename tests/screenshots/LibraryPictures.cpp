@@ -3,7 +3,7 @@
 #include "screens/QuickPanel.h"
 #include "tests/screenshots/Studio.h"
 
-#include <QCursor>
+#include <QKeyEvent>
 #include <QQuickItem>
 #include <QWheelEvent>
 
@@ -131,9 +131,10 @@ void takeRows(Studio& studio) {
     right.take("swipe-right-pending");
     Scene keyboard(studio);
     await([&] { return keyboard.view().isActive(); });
-    QQuickItem* list = itemWith(keyboard.view().contentItem(), "currentIndex", u"-1"_qs);
-    list->setProperty("currentIndex", 1);
-    list->forceActiveFocus(Qt::TabFocusReason);
+    for (int presses = 0; presses < 2; ++presses) {
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+        QCoreApplication::sendEvent(&keyboard.view(), &down);
+    }
     keyboard.take("library-keyboard-focus");
     QQuickItem* row =
         itemWith(keyboard.view().contentItem(), "title", u"Sourdough, hour by hour"_qs);
