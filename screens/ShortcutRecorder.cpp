@@ -16,7 +16,7 @@ ShortcutRecorder::ShortcutRecorder(CaptureAction action, ShortcutRecorderActions
 
 ShortcutRecorder::~ShortcutRecorder() {
     cancel();
-    qApp->removeEventFilter(this);
+    QCoreApplication::instance()->removeEventFilter(this);
 }
 
 QString ShortcutRecorder::action() const {
@@ -54,12 +54,12 @@ void ShortcutRecorder::begin() {
     setTitle(words("Press shortcut…"));
     actions_.onStart();
     window_ = QGuiApplication::focusWindow();
-    focusChange_ =
-        connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* now) {
-            if (now != window_)
-                end(std::nullopt);
-        });
-    qApp->installEventFilter(this);
+    focusChange_ = connect(qobject_cast<QGuiApplication*>(QCoreApplication::instance()),
+                           &QGuiApplication::focusWindowChanged, this, [this](const QWindow* now) {
+                               if (now != window_)
+                                   end(std::nullopt);
+                           });
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 void ShortcutRecorder::end(std::optional<CaptureShortcut> shortcut) {
@@ -67,7 +67,7 @@ void ShortcutRecorder::end(std::optional<CaptureShortcut> shortcut) {
         return;
     disconnect(focusChange_);
     if (!endedByPress_)
-        qApp->removeEventFilter(this);
+        QCoreApplication::instance()->removeEventFilter(this);
     recording_ = false;
     setTitle(label_);
     actions_.onRecord(std::move(shortcut));
@@ -114,7 +114,7 @@ void ShortcutRecorder::letGoOfPress() {
         [this] {
             endedByPress_ = false;
             if (!recording_)
-                qApp->removeEventFilter(this);
+                QCoreApplication::instance()->removeEventFilter(this);
         },
         Qt::QueuedConnection);
 }
