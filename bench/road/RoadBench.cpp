@@ -199,7 +199,7 @@ int main(int count, char** arguments) {
     const Installation installation = Installation::ofThisProgram();
     ChromiumSession chromium({.nativeHost = installation.browserHost.toStdString(),
                               .extensionFolder = BRINMOOR_EXTENSION_FOLDER,
-                              .pages = [](const HttpRequest& request) {
+                              .pages = [](const testing::HttpRequest& request) {
                                   return HttpAnswer{
                                       .body = "<!doctype html><title>A page</title><meta "
                                               "property=\"og:title\" content=\"Page " +
