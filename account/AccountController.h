@@ -154,6 +154,7 @@ private:
     void dropFlight();
     void apply(const BrinmoorAccount& account);
     void holdLogin(const std::string& token, const BrinmoorAccount& account);
+    void followLogin(const std::string& token, const BrinmoorAccount& account);
     void clearLocalLogin();
     void loginChanged();
 

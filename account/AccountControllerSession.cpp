@@ -152,7 +152,13 @@ QCoro::Task<> AccountController::adoptStored(std::string stored) {
         setMessage(text::worded("Another copy of Brinmoor signed in to a different account. Sign "
                                 "out here before switching."));
     else
-        holdLogin(stored, *fetched);
+        followLogin(stored, *fetched);
+}
+
+/// Holds the login that another copy stored; the sign-in that this one waited for is over.
+void AccountController::followLogin(const std::string& token, const BrinmoorAccount& account) {
+    holdLogin(token, account);
+    showPending(std::nullopt);
 }
 
 void AccountController::restorePendingSignIn(const PendingEmailSignIn& request) {

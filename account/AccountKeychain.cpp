@@ -114,11 +114,14 @@ AccountKeychain::completeSignIn(const PendingEmailSignIn& request, std::string_v
             return failure(stored.error());
         if (!*stored || (*stored)->id != request.id || !(*stored)->consumed)
             return Completion::overtaken;
+        const auto older = data(tokenItem);
+        if (!older)
+            return failure(older.error());
         if (const auto written = write(tokenItem, token); !written)
             return failure(written.error());
         if (const auto removed = remove(requestItem); !removed) {
             // Both or none: the caller will end the session of a token that could not be kept.
-            (void)remove(tokenItem);
+            (void)(*older ? write(tokenItem, **older) : remove(tokenItem));
             return failure(removed.error());
         }
         return Completion::stored;

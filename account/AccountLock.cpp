@@ -22,9 +22,12 @@ std::error_code makeFolder(const std::filesystem::path& folder) {
         std::filesystem::create_directories(folder.parent_path(), error);
     if (error)
         return error;
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0 || std::filesystem::is_directory(folder, error))
+    if (::mkdir(folder.c_str(), S_IRWXU) == 0)
         return {};
-    return {errno, std::generic_category()};
+    const int reason = errno;
+    if (std::filesystem::is_directory(folder, error))
+        return {};
+    return {reason, std::generic_category()};
 }
 
 int openLockFile(const std::string& path) {

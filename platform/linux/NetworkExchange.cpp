@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace brinmoor {
 namespace {
@@ -92,6 +93,10 @@ NetworkExchange::NetworkExchange(QNetworkAccessManager& network, QSslConfigurati
 }
 
 NetworkExchange::~NetworkExchange() {
+    // A listener may hold its own subscription, which drops this call when it goes: it goes while
+    // there still is something to drop, and finds that nothing is left to do.
+    ended_ = true;
+    const HttpListener last = std::exchange(listener_, {});
     letReplyGo();
 }
 

@@ -104,6 +104,8 @@ TEST_F(AccountKeychainTest, aFolderThatCannotBeMadeIsToldInTheSystemsWords) {
     EXPECT_EQ(failed.error().errorDescription(), "File exists");
     AccountKeychain below(secrets, clock, folder.path("Brinmoor/below"));
     EXPECT_EQ(causeOf(below.token()), Cause::system);
+    AccountKeychain tooLong(secrets, clock, folder.path(std::string(300, 'x')));
+    EXPECT_EQ(tooLong.token().error().errorDescription(), "File name too long");
 }
 
 TEST_F(AccountKeychainTest, everyFailureOfTheStoreIsTheKeychains) {
@@ -229,6 +231,14 @@ TEST_F(AccountKeychainTest, aTokenWhoseRequestCannotBeEndedIsNotKept) {
     secrets.writeFailure = SecureStoreFailure::failed;
     EXPECT_EQ(causeOf(store_.completeSignIn(request(), "other")), Cause::keychain);
     EXPECT_TRUE(hasRequest());
+}
+
+TEST_F(AccountKeychainTest, anOlderTokenOutlivesASignInThatCannotBeKept) {
+    tokenItem() = "older";
+    storeConsumed(request());
+    secrets.removeFailure = SecureStoreFailure::failed;
+    EXPECT_EQ(causeOf(store_.completeSignIn(request(), "token")), Cause::keychain);
+    EXPECT_EQ(tokenItem(), "older");
 }
 
 TEST_F(AccountKeychainTest, onlyTheRequestThatIsMeantIsCancelled) {

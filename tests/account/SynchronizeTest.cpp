@@ -200,6 +200,7 @@ TEST_F(SynchronizeTest, aLinkWorksInACopyThatDidNotAskForIt) {
     synchronize(*one);
     answer(account, 200, accountBody());
     EXPECT_TRUE(one->hasLogin());
+    EXPECT_EQ(one->signInStage(), Stage::idle);
 }
 
 TEST_F(SynchronizeTest, oneLinkInTwoCopiesSignsInOneAndIsOldInTheOther) {

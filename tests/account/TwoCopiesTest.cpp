@@ -149,7 +149,7 @@ TEST_F(TwoCopiesTest, aWaitingCopyIsSignedInWhenTheOtherFinishes) {
     other.tell("link " + newestLink());
     other.expect({"stage=idle", "login=yes"});
     one.tell("come");
-    one.expect({"login=yes", "user=ada@example.org"});
+    one.expect({"stage=idle", "login=yes", "user=ada@example.org"});
 }
 
 TEST_F(TwoCopiesTest, aWaitingCopyShowsTheOthersNewerRequest) {

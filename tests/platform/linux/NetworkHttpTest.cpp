@@ -440,3 +440,23 @@ TEST(NetworkHttp, openCallsGoWithTheNetworkAndTheirSubscriptionsMayStay) {
     letEventsRun(20);
     EXPECT_EQ(told.ends, 0);
 }
+
+TEST(NetworkHttp, anOpenCallMayGoWithTheNetworkWhenItsListenerHoldsItsSubscription) {
+    std::binary_semaphore answer{0};
+    HttpServer server(always({.raw = [&](const HttpWriter&) { answer.acquire(); }}));
+    int ends = 0;
+    std::weak_ptr<Subscription> call;
+    {
+        NetworkHttp http;
+        const auto own = std::make_shared<Subscription>();
+        call = own;
+        HttpListener listener;
+        listener.end = [own, &ends](auto) { ++ends; };
+        *own = http.send({.address = server.address()}, std::move(listener));
+        ASSERT_TRUE(eventually([&] { return server.requestCount() == 1; }));
+    }
+    answer.release();
+    EXPECT_TRUE(call.expired());
+    letEventsRun(20);
+    EXPECT_EQ(ends, 0);
+}
