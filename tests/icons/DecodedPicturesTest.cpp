@@ -56,6 +56,21 @@ TEST(DecodedPictures, areReadInEveryUsualFormat) {
               QSize(84, 42));
 }
 
+/// A photograph that says that it lies on its side: its left is to be seen at the top.
+QByteArray lyingPhotograph(QSize size) {
+    const QByteArray exif("\xFF\xE1\x00\x22"
+                          "Exif\0\0MM\0\x2A\0\0\0\x08"
+                          "\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\0\0\0\0",
+                          36);
+    QByteArray photograph = pictureOf(size, Qt::red, "JPG");
+    return photograph.insert(2, exif);
+}
+
+TEST(DecodedPictures, areTurnedAsTheySay) {
+    EXPECT_EQ(sizeOf(lyingPhotograph({40, 20})), QSize(20, 40));
+    EXPECT_EQ(sizeOf(lyingPhotograph({400, 100})), QSize(21, 84));
+}
+
 TEST(DecodedPictures, ofSeveralSizesInOneFileAreTheFirst) {
     const QByteArray ico =
         icoOf({pictureOf({16, 16}, Qt::green), pictureOf({48, 48}, Qt::red)}, {16, 48});

@@ -21,9 +21,12 @@ using testing::waitUntil;
 
 constexpr std::size_t limit = 1000;
 
-std::optional<Fetched> fetchedFrom(const std::string& address, Excess excess = Excess::refused) {
+constexpr IconFetches::Limits shortLimits{.silence = 400ms, .total = 900ms};
+
+std::optional<Fetched> fetchedFrom(const std::string& address, Excess excess = Excess::refused,
+                                   IconFetches::Limits limits = shortLimits) {
     NetworkHttp http;
-    IconFetches fetches(http, {.silence = 400ms, .total = 900ms});
+    IconFetches fetches(http, limits);
     const auto fetching = fetches.fetch(WebAddress::parse(address).value(), limit, excess);
     EXPECT_TRUE(waitUntil([&] { return fetching.isReady(); }));
     std::optional<Fetched> result;
@@ -65,10 +68,16 @@ TEST(IconFetches, refuseABodyThatIsLongerOrCutItOff) {
 
 TEST(IconFetches, refuseAnAnnouncedExcessBeforeAnyByteOfIt) {
     std::binary_semaphore refused(0);
-    const auto result = fetched({.raw = [&](const HttpWriter& write) {
-        write("HTTP/1.1 200 OK\r\nContent-Length: 1001\r\n\r\n");
-        refused.try_acquire_for(50ms);
-    }});
+    HttpServer server([&](const testing::HttpRequest&) {
+        return HttpAnswer{.raw = [&](const HttpWriter& write) {
+            write("HTTP/1.1 200 OK\r\nContent-Length: 1001\r\n\r\n");
+            refused.acquire();
+        }};
+    });
+    // Neither the server nor a limit of time ends it while it is waited for.
+    const auto result =
+        fetchedFrom(server.address(), Excess::refused, {.silence = 10min, .total = 10min});
+    refused.release();
     EXPECT_FALSE(result.has_value());
 }
 

@@ -12,6 +12,7 @@
 
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <mutex>
@@ -190,15 +191,26 @@ TEST_F(SiteIconLoaderTest, holdsSixLoadsAtOnceAndGivesTheFreeSlotToTheOldest) {
         running.push_back(loader.image(slow.address(), std::to_string(number) + ".png"));
     EXPECT_EQ(loader.activeLoads(), 6U);
     bool stayed = true;
-    mayAnswer.release(9);
-    EXPECT_TRUE(waitUntil(
-        [&] {
-            const auto ended = static_cast<std::size_t>(std::count_if(
-                running.begin(), running.end(), [](const auto& task) { return task.isReady(); }));
-            stayed = stayed && loader.activeLoads() == std::min<std::size_t>(6, 9 - ended);
-            return ended == 9;
-        },
-        30s));
+    const auto ended = [&] {
+        const auto count = static_cast<std::size_t>(
+            std::ranges::count_if(running, [](const auto& task) { return task.isReady(); }));
+        stayed = stayed && loader.activeLoads() == std::min<std::size_t>(6, 9 - count);
+        return count;
+    };
+    const auto begun = [&] {
+        const std::scoped_lock lock(guard);
+        return order.size();
+    };
+    // One answer at a time, as two requests at once may reach the server in either order.
+    for (std::size_t answered = 1; answered <= 9; ++answered) {
+        mayAnswer.release();
+        EXPECT_TRUE(waitUntil(
+            [&] {
+                return ended() == answered &&
+                       begun() == std::min<std::size_t>(9, answered + IconFetches::mostPerHost);
+            },
+            30s));
+    }
     EXPECT_TRUE(stayed);
     EXPECT_EQ(loader.activeLoads(), 0U);
     const std::vector<std::string> last(order.end() - 3, order.end());
@@ -226,6 +238,29 @@ TEST_F(SiteIconLoaderTest, readsTheDiskWithoutASlotAndWithoutTheNetwork) {
     forgetMemory();
     EXPECT_EQ(load(site.address()), icon);
     EXPECT_EQ(site.asked("/favicon.ico"), 1);
+}
+
+TEST_F(SiteIconLoaderTest, readsTheDiskWhileAllSlotsAreTaken) {
+    site.answer("/favicon.ico", red);
+    const Icon icon = load(site.address());
+    forgetMemory();
+    std::counting_semaphore<32> mayAnswer(0);
+    HttpServer slow([&](const testing::HttpRequest&) {
+        mayAnswer.acquire();
+        return HttpAnswer{.type = "image/png", .body = red.toStdString()};
+    });
+    std::vector<QCoro::Task<Icon>> running;
+    for (int number = 0; number < 7; ++number)
+        running.push_back(loader.image(slow.address(), std::to_string(number) + ".png"));
+    EXPECT_EQ(load(site.address()), icon);
+    EXPECT_EQ(loader.activeLoads(), 6U);
+    EXPECT_TRUE(std::ranges::none_of(running, [](const auto& task) { return task.isReady(); }));
+    mayAnswer.release(7);
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            return std::ranges::all_of(running, [](const auto& task) { return task.isReady(); });
+        },
+        30s));
 }
 
 TEST_F(SiteIconLoaderTest, replacesAnOldFileOnlyWhenItFindsAnother) {
@@ -261,6 +296,48 @@ TEST_F(SiteIconLoaderTest, forgetsEverythingAtTheTwoHundredAndFiftySeventh) {
     EXPECT_EQ(loader.remembered(), 256U);
     (void)load(site.address(), "one-more.png");
     EXPECT_EQ(loader.remembered(), 1U);
+}
+
+/// The picture in a file of this many bytes.
+std::string filledUp(const QByteArray& picture, std::size_t size) {
+    std::string bytes = picture.toStdString();
+    bytes.resize(size, '.');
+    return bytes;
+}
+
+/// A body without an announcement of its length.
+HttpAnswer unannounced(const std::string& body) {
+    return {.raw = [body](const HttpWriter& write) {
+        write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body);
+    }};
+}
+
+TEST_F(SiteIconLoaderTest, takesPicturesOfOneMebibyteAtMost) {
+    site.answer("/favicon.ico", unannounced(filledUp(red, 1'048'576)));
+    EXPECT_TRUE(load(site.address()).has_value());
+    site.answer("/favicon.ico", unannounced(filledUp(red, 1'048'577)));
+    EXPECT_FALSE(load(site.address(), "other-key").has_value());
+}
+
+/// Takes whatever it is given for a picture.
+class AnythingGoes final : public IconPictures {
+public:
+    QFuture<Icon> icon(QByteArray picture) override {
+        sizes.push_back(picture.size());
+        return QtFuture::makeReadyFuture(Icon("icon"));
+    }
+    std::vector<qsizetype> sizes;
+};
+
+TEST_F(SiteIconLoaderTest, handsOverNoPictureOfMoreThanOneMebibyte) {
+    AnythingGoes anything;
+    SiteIconLoader careless(http, clock, anything, folder);
+    site.answer("/favicon.ico", unannounced(filledUp(red, 1'048'577)));
+    site.answer("/", HttpAnswer{.body = page("/declared.png")});
+    site.answer("/declared.png", unannounced(filledUp(red, 1'048'576)));
+    const auto loading = careless.image(site.address(), std::nullopt);
+    EXPECT_TRUE(waitUntil([&] { return loading.isReady(); }, 30s));
+    EXPECT_EQ(anything.sizes, std::vector<qsizetype>{1'048'576});
 }
 
 TEST_F(SiteIconLoaderTest, readsTheBeginningOfALongPage) {
