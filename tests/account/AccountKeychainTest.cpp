@@ -104,6 +104,9 @@ TEST_F(AccountKeychainTest, aFolderThatCannotBeMadeIsToldInTheSystemsWords) {
     EXPECT_EQ(failed.error().errorDescription(), "File exists");
     AccountKeychain below(secrets, clock, folder.path("Brinmoor/below"));
     EXPECT_EQ(causeOf(below.token()), Cause::system);
+    std::filesystem::create_symlink(folder.path("nowhere"), folder.path("dangling"));
+    AccountKeychain dangling(secrets, clock, folder.path("dangling"));
+    EXPECT_EQ(dangling.token().error().errorDescription(), "File exists");
     AccountKeychain tooLong(secrets, clock, folder.path(std::string(300, 'x')));
     EXPECT_EQ(tooLong.token().error().errorDescription(), "File name too long");
 }
