@@ -83,10 +83,10 @@ void BrowserCapture::remember(const std::optional<RunningApplication>& applicati
 }
 
 void BrowserCapture::rememberBrowser(std::string_view id) {
-    if (lastBrowserID_ == id)
-        return;
     lastBrowserID_ = std::string(id);
-    preferences_.set(lastBrowserKey, *lastBrowserID_);
+    // Another copy of the program may have stored another one meanwhile: the latest choice counts.
+    if (preferences_.text(lastBrowserKey) != id)
+        preferences_.set(lastBrowserKey, *lastBrowserID_);
 }
 
 Result<Browser, CaptureError> BrowserCapture::target() {

@@ -1,15 +1,16 @@
 #include "browser/ScriptTool.h"
 
+#include "core/text/Utf8.h"
 #include "core/text/Wording.h"
 
 #include <QCoroFuture>
 #include <QProcess>
 #include <QPromise>
-#include <QStringDecoder>
 #include <QTimer>
 
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace brinmoor {
 namespace {
@@ -84,9 +85,8 @@ private:
 
 /// The text of standard error; bytes that are not UTF-8 count as no text at all.
 QString errorText(const QByteArray& bytes) {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(bytes);
-    return decoder.hasError() ? QString() : text;
+    const std::string_view text(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    return text::isUtf8(text) ? QString::fromUtf8(bytes) : QString();
 }
 
 CaptureError failed(std::string_view sentence) {

@@ -103,7 +103,6 @@ void TabSearchModel::activate(const OpenBrowserTab& tab) {
 
 QCoro::Task<> TabSearchModel::switchBy(std::string script) {
     const QPointer<TabSearchModel> self(this);
-    const Generation reading = generation_;
     ScriptRun run{std::move(script), ScriptRun::Kind::operation, {}};
     const Output output = co_await scripts_.run(std::move(run));
     if (!self)
@@ -113,8 +112,7 @@ QCoro::Task<> TabSearchModel::switchBy(std::string script) {
         close();
     if (!self)
         co_return;
-    // Once the list was read anew, words about an old row would only confuse.
-    if (!isThere && generation_ == reading)
+    if (!isThere)
         setMessage(worded(
             output.ok() ? "That tab moved or closed. Refresh to see what’s open now."
                         : "Couldn’t switch tabs. Check browser Automation access and try again."));

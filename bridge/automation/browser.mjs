@@ -12,6 +12,7 @@ export class Browser {
         this.hosts = null;
         this.view = null;
         this.viewIsUnread = false;
+        this.broughtForward = null;
         this.lastRequest = 0;
     }
 
@@ -54,6 +55,20 @@ export class Browser {
     act(host, request, fields) {
         this.view = null;
         this.ask(host, request, fields);
+    }
+
+    bringForward(host, window) {
+        this.act(host, 'focusWindow', { window: window });
+        this.broughtForward = { host: host, id: window };
+    }
+
+    // The window that was brought forward here, even if another one still has the keyboard by the
+    // browser's own account: it may tell a change of focus late.
+    front() {
+        const view = this.current();
+        const wanted = this.broughtForward;
+        return view.find(each => wanted && each.host === wanted.host && each.id === wanted.id) ||
+            view[0];
     }
 
     windowsOf(host) {

@@ -189,7 +189,7 @@ export function install(bridge) {
         set index(place) {
             if (place !== 1)
                 fail('readOnly');
-            this.browser.act(this.host, 'focusWindow', this.existing());
+            this.browser.bringForward(this.host, this.existing().window);
         }
     }
 
@@ -206,9 +206,9 @@ export function install(bridge) {
 
         // A browser without a window has nothing to bring forward.
         bringForward(browser) {
-            const front = browser.current()[0];
+            const front = browser.front();
             if (front)
-                browser.act(front.host, 'focusWindow', { window: front.id });
+                browser.bringForward(front.host, front.id);
         }
 
         windowsOf(browser) {

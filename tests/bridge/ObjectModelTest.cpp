@@ -142,6 +142,26 @@ TEST_F(Tool, selectsATabAndBringsItsWindowForward) {
     EXPECT_EQ(browser.windows()[0].id, 20);
 }
 
+TEST_F(Tool, keepsAWindowInFrontThoughAnotherStillReportsTheFocus) {
+    windows[0].focused = true;
+    SimulatedBrowser browser(runtime.path(), {}, windows);
+    (void)value(chromium, "(() => { app.windows()[1].index = 1; app.activate(); })()");
+    EXPECT_EQ(browser.windows()[0].id, 20);
+}
+
+TEST_F(Tool, activatesTheFocusedWindowWhenTheOneBroughtForwardIsGone) {
+    windows[0].focused = true;
+    SimulatedBrowser browser(runtime.path(), {}, windows);
+    browser.beforeRequest = [&, asked = 0](const std::string& request, auto& all) mutable {
+        if (request == "windows" && ++asked == 2)
+            std::erase_if(all, [](const SimulatedWindow& window) { return window.id == 20; });
+    };
+    (void)value(chromium, "(() => { app.windows()[1].index = 1; app.activate(); })()");
+    EXPECT_EQ(browser.windows()[0].id, windows[0].id);
+    EXPECT_THAT(browser.takeRequests(),
+                ElementsAre("windows", "focusWindow", "windows", "focusWindow"));
+}
+
 TEST_F(Tool, selectsTheTabThatStoodAtThePlaceWhenItWasRead) {
     SimulatedBrowser browser(runtime.path(), {.browserID = safari}, windows);
     browser.beforeRequest = [](const std::string& request, auto& all) {

@@ -180,6 +180,15 @@ TEST_F(BrowserCaptureTest, theMemorySurvivesARestart) {
     EXPECT_THAT(scripts.runs.at(0).script, HasSubstr("Application('com.google.Chrome')"));
 }
 
+TEST_F(BrowserCaptureTest, theLatestChoiceIsStoredThoughAnotherCopyChoseMeanwhile) {
+    chromiumInFront();
+    readNothing();
+    EXPECT_EQ(preferences.text("lastCaptureBrowser"), chromiumID);
+    preferences.set("lastCaptureBrowser", std::string(chromeID));
+    readNothing();
+    EXPECT_EQ(preferences.text("lastCaptureBrowser"), chromiumID);
+}
+
 TEST_F(BrowserCaptureTest, aBrowserThatQuitStaysRememberedAndWinsWhenItRunsAgain) {
     preferences.values["lastCaptureBrowser"] = std::string(chromeID);
     const auto chromium = application(chromiumID, "Chromium", 42);
@@ -240,6 +249,7 @@ TEST_F(BrowserCaptureTest, tabsThatAreNoWebPagesVanish) {
     ASSERT_EQ(answer.value().links.size(), 2U);
     EXPECT_EQ(answer.value().links[0].title, "One");
     EXPECT_EQ(answer.value().links[1].title, "Two");
+    EXPECT_EQ(answer.value().closeTarget, std::nullopt);
 }
 
 TEST_F(BrowserCaptureTest, onlyABlankTabIsNoTabs) {
@@ -254,7 +264,7 @@ TEST_F(BrowserCaptureTest, aBrowserWithoutAWindowIsNoTabs) {
     EXPECT_EQ(errorOf(capture()).cause, CaptureError::Cause::noTabs);
 }
 
-TEST_F(BrowserCaptureTest, theCloseTargetIsTheFirstEntrysEvenBeforeTheOthersAreDropped) {
+TEST_F(BrowserCaptureTest, theCloseTargetIsTheFirstEntrys) {
     chromiumInFront();
     scriptAnswers(R"([{"url":"https://a.example/","title":"A","closeTarget":{"windowID":"1",)"
                   R"("index":-1,"tabID":"7","url":"https://a.example/","safari":false,)"
@@ -262,6 +272,17 @@ TEST_F(BrowserCaptureTest, theCloseTargetIsTheFirstEntrysEvenBeforeTheOthersAreD
     const auto answer = capture(TabRange::current, ClosePreparation::identifyTabs);
     ASSERT_TRUE(answer.value().closeTarget);
     EXPECT_EQ(answer.value().closeTarget->tabID, "7");
+}
+
+TEST_F(BrowserCaptureTest, theCloseTargetOfALaterEntryIsNoneOfTheCaptures) {
+    chromiumInFront();
+    scriptAnswers(R"([{"url":"chrome://settings/","title":"S"},)"
+                  R"({"url":"https://a.example/","title":"A","closeTarget":{"windowID":"1",)"
+                  R"("index":-1,"tabID":"7","url":"https://a.example/","safari":false,)"
+                  R"("browserID":"org.chromium.Chromium","processID":42}}])");
+    const auto answer = capture(TabRange::current, ClosePreparation::identifyTabs);
+    EXPECT_EQ(answer.value().links.size(), 1U);
+    EXPECT_EQ(answer.value().closeTarget, std::nullopt);
 }
 
 TEST_F(BrowserCaptureTest, anAnswerThatIsNoListIsAFailureWithoutWordsOfItsOwn) {

@@ -2,16 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace brinmoor {
 namespace {
 
 TEST(BrowserCatalogue, holdsTenBrowsersInTheOrderInWhichTheyAreVisited) {
-    std::vector<std::string> names;
-    for (const Browser& browser : Browser::supported())
-        names.emplace_back(browser.name);
-    EXPECT_EQ(names,
-              (std::vector<std::string>{"Safari", "Safari Preview", "Chrome", "Chrome Beta",
-                                        "Brave", "Edge", "Arc", "Vivaldi", "Chromium", "Opera"}));
+    const std::vector<Browser> expected{
+        {"com.apple.Safari", "Safari"},
+        {"com.apple.SafariTechnologyPreview", "Safari Preview"},
+        {"com.google.Chrome", "Chrome"},
+        {"com.google.Chrome.beta", "Chrome Beta"},
+        {"com.brave.Browser", "Brave"},
+        {"com.microsoft.edgemac", "Edge"},
+        {"company.thebrowser.Browser", "Arc"},
+        {"com.vivaldi.Vivaldi", "Vivaldi"},
+        {"org.chromium.Chromium", "Chromium"},
+        {"com.operasoftware.Opera", "Opera"},
+    };
+    EXPECT_TRUE(std::ranges::equal(Browser::supported(), expected));
 }
 
 TEST(BrowserCatalogue, takesIdentifiersOnlyWhole) {
@@ -31,6 +41,12 @@ TEST(UnsupportedBrowsers, areKnownByTheBeginningOfTheirIdentifier) {
     EXPECT_TRUE(isKnownUnsupported("org.mozilla.firefox"));
     EXPECT_TRUE(isKnownUnsupported("org.mozilla.firefoxdeveloperedition"));
     EXPECT_TRUE(isKnownUnsupported("app.zen-browser.zen"));
+    EXPECT_TRUE(isKnownUnsupported("com.kagi.kagimacOS"));
+    EXPECT_TRUE(isKnownUnsupported("com.kagi.kagimacOS.beta"));
+    EXPECT_TRUE(isKnownUnsupported("com.openai.codex"));
+    EXPECT_TRUE(isKnownUnsupported("com.openai.codex.nightly"));
+    EXPECT_FALSE(isKnownUnsupported("com.kagi"));
+    EXPECT_FALSE(isKnownUnsupported("com.openai.chat"));
     EXPECT_FALSE(isKnownUnsupported("org.mozilla"));
     EXPECT_FALSE(isKnownUnsupported("my.org.mozilla.firefox"));
     EXPECT_FALSE(isKnownUnsupported("org.chromium.Chromium"));

@@ -105,6 +105,8 @@ TEST_F(ScriptToolTest, otherFailuresAreNotResponding) {
 
 TEST_F(ScriptToolTest, standardErrorThatIsNotUtf8CountsAsEmpty) {
     EXPECT_EQ(errorOf(run("printf '1743 \\xff\\xfe' >&2; exit 1")), failed(notResponding));
+    EXPECT_EQ(errorOf(run("printf '1743 \\xc3' >&2; exit 1")), failed(notResponding));
+    EXPECT_EQ(errorOf(run("printf '1743 \\xc3\\xa9' >&2; exit 1")), failed(refusedSentence));
 }
 
 TEST_F(ScriptToolTest, theNumberIsNoFailureWhenTheToolSucceeds) {

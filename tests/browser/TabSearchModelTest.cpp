@@ -377,7 +377,7 @@ TEST_F(TabSearchModelTest, speaksToBrowsersOfTheCatalogueOnly) {
     EXPECT_FALSE(model->switching());
 }
 
-TEST_F(TabSearchModelTest, saysNothingOfAnOldRowUnderANewReading) {
+TEST_F(TabSearchModelTest, saysThatATabWentThoughTheListIsReadAnewMeanwhile) {
     givenTitles({"1"});
     activation = QByteArray("false\n");
     scripts.hold = CannedScripts::Hold::everything;
@@ -385,7 +385,7 @@ TEST_F(TabSearchModelTest, saysNothingOfAnOldRowUnderANewReading) {
     refresh();
     scripts.release();
     settle();
-    EXPECT_EQ(message(), "(none)");
+    EXPECT_EQ(message(), "That tab moved or closed. Refresh to see what’s open now.");
     EXPECT_FALSE(model->switching());
     EXPECT_FALSE(model->loading());
 }
