@@ -25,7 +25,9 @@ constexpr int toastMarginTop = 20;
 
 AppDelegate::AppDelegate(const AppParts& parts, Panels& panels) : parts_(parts), panels_(panels) {}
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate() {
+    panels_.didBecomeActive = nullptr;
+}
 
 void AppDelegate::launch() {
     followAppearance();
@@ -40,6 +42,7 @@ void AppDelegate::launch() {
     applicationDidBecomeActive();
     if (!model_->shortcutErrors().empty())
         openSettings();
+    panels_.didBecomeActive = [this] { applicationDidBecomeActive(); };
 }
 
 void AppDelegate::followAppearance() {

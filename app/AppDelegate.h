@@ -25,7 +25,7 @@ public:
     AppDelegate& operator=(const AppDelegate&) = delete;
 
     /// Sets the appearance, makes the model, installs its callbacks, makes the library window and
-    /// shows it, in this order. Called once.
+    /// shows it, in this order; then it takes the return URLs that waited. Called once.
     void launch();
 
     /// The model; nullptr before launch().

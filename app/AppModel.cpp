@@ -66,7 +66,7 @@ AppModel::~AppModel() = default;
 void AppModel::loadLibrary() {
     auto loaded = file_.load();
     if (loaded) {
-        library_ = std::move(loaded).value();
+        library_ = std::make_shared<const Library>(std::move(loaded).value());
         return;
     }
     loadFailed_ = true;
@@ -90,12 +90,12 @@ bool AppModel::commit(Library next, Feedback feedback, std::optional<UndoTitle> 
         report(worded("Couldn’t write to your library. ") + saved.error().description(), feedback);
         return false;
     }
-    if (next == library_)
+    if (next == *library_)
         return true;
-    setLibraryUndo(undo ? std::optional(LibraryUndo{std::move(library_), worded(undo->words),
-                                                    undo->clearsArchiveUndo})
-                        : std::nullopt);
-    library_ = std::move(next);
+    setLibraryUndo(
+        undo ? std::optional(LibraryUndo{library_, worded(undo->words), undo->clearsArchiveUndo})
+             : std::nullopt);
+    library_ = std::make_shared<const Library>(std::move(next));
     Q_EMIT libraryChanged();
     return true;
 }

@@ -110,7 +110,11 @@ public:
     [[nodiscard]] const AppBuild& build() const noexcept { return build_; }
 
     // The document.
-    [[nodiscard]] const Library& library() const noexcept { return library_; }
+    [[nodiscard]] const Library& library() const noexcept { return *library_; }
+    /// The library as it is now, for whoever goes on looking at it while it changes.
+    [[nodiscard]] const std::shared_ptr<const Library>& currentLibrary() const noexcept {
+        return library_;
+    }
     [[nodiscard]] const LibraryFile& file() const noexcept { return file_; }
     /// The file could not be read: nothing is written in this run.
     [[nodiscard]] bool loadFailed() const noexcept { return loadFailed_; }
@@ -280,7 +284,7 @@ Q_SIGNALS:
 
 private:
     struct LibraryUndo {
-        Library library;
+        std::shared_ptr<const Library> library;
         std::string title;
         bool clearsArchiveUndo = false;
     };
@@ -342,7 +346,8 @@ private:
     SystemOpener& opener_;
     Pasteboard& pasteboard_;
     Preferences& preferences_;
-    Library library_;
+    /// Never null; a change makes another one.
+    std::shared_ptr<const Library> library_ = std::make_shared<const Library>();
     LibraryFile file_;
     bool loadFailed_ = false;
     std::optional<LibraryUndo> lastLibraryUndo_;

@@ -38,7 +38,7 @@ void AppModel::exportLibrary() {
 }
 
 void AppModel::exportTo(const std::string& path) {
-    if (const auto saved = LibraryFile(path).save(library_); !saved)
+    if (const auto saved = LibraryFile(path).save(*library_); !saved)
         setError(worded("Export failed: ") + saved.error().description());
     else
         say("Brinmoor", "Library exported");
@@ -61,7 +61,7 @@ void AppModel::importFrom(const std::string& path) {
     Library imported = std::move(backup).value();
     for (SavedLink& link : imported.links)
         link.id = clock_.newUuid();
-    Library next = library_;
+    Library next = *library_;
     const std::size_t added = next.insert(std::move(imported.links));
     addCollections(next, imported.collections);
     if (!commit(std::move(next), Feedback::error, UndoTitle{.words = "Import Links"}))

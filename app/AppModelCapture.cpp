@@ -119,14 +119,14 @@ QCoro::Task<> AppModel::closeAfterCapture(std::optional<CapturedTabTarget> targe
 
 const SavedLink* AppModel::storedLink(std::string_view url) const {
     const std::string identity = Library::identity(url);
-    const auto stored = std::ranges::find_if(library_.links, [&](const SavedLink& link) {
+    const auto stored = std::ranges::find_if(library_->links, [&](const SavedLink& link) {
         return Library::identity(link.url) == identity;
     });
-    return stored == library_.links.end() ? nullptr : &*stored;
+    return stored == library_->links.end() ? nullptr : &*stored;
 }
 
 SavedLink AppModel::withSuggestedTags(const SavedLink& link) const {
-    return LinkAutoTagging::applyingSuggestions(link, library_.links, suggestedTags);
+    return LinkAutoTagging::applyingSuggestions(link, library_->links, suggestedTags);
 }
 
 bool AppModel::saveCaptured(std::vector<SavedLink> links, Tagging tagging) {
@@ -134,7 +134,7 @@ bool AppModel::saveCaptured(std::vector<SavedLink> links, Tagging tagging) {
         storedLink(links.front().url) == nullptr)
         links.front() = withSuggestedTags(links.front());
 
-    Library next = library_;
+    Library next = *library_;
     refreshStored(next, links);
     const std::size_t added = next.insert(std::move(links));
     if (!commit(std::move(next), Feedback::capture,

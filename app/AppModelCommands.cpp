@@ -15,7 +15,7 @@ namespace brinmoor {
 using text::worded;
 
 bool AppModel::setArchived(bool archived, const UuidSet& ids) {
-    Library next = library_;
+    Library next = *library_;
     UuidSet changed = next.setArchived(archived, ids);
     if (changed.empty())
         return false;
@@ -33,7 +33,7 @@ bool AppModel::setArchived(bool archived, const UuidSet& ids) {
 }
 
 void AppModel::emptyArchive(const UuidSet& ids) {
-    Library next = library_;
+    Library next = *library_;
     const std::size_t removed = next.deleteArchived(ids);
     if (removed == 0 || !commit(std::move(next), Feedback::error, std::nullopt))
         return;
@@ -49,7 +49,7 @@ void AppModel::emptyArchive(const UuidSet& ids) {
 }
 
 void AppModel::deleteLink(const SavedLink& link) {
-    Library next = library_;
+    Library next = *library_;
     std::erase_if(next.links, [&](const SavedLink& each) { return each.id == link.id; });
     if (!commit(std::move(next), Feedback::error, UndoTitle{.words = "Delete Link"}))
         return;
@@ -58,7 +58,7 @@ void AppModel::deleteLink(const SavedLink& link) {
 }
 
 bool AppModel::renameTag(const std::string& old, const std::string& to) {
-    Library next = library_;
+    Library next = *library_;
     const std::size_t links = next.renameTag(old, to);
     if (links == 0 || !commit(std::move(next), Feedback::error, UndoTitle{.words = "Rename Tag"}))
         return false;
@@ -72,7 +72,7 @@ bool AppModel::renameTag(const std::string& old, const std::string& to) {
 }
 
 bool AppModel::deleteTag(const std::string& tag) {
-    Library next = library_;
+    Library next = *library_;
     const std::size_t links = next.deleteTag(tag);
     if (links == 0 || !commit(std::move(next), Feedback::error, UndoTitle{.words = "Remove Tag"}))
         return false;
@@ -91,7 +91,7 @@ void AppModel::tagChanged(std::size_t links, std::string_view oneLink, std::stri
 
 template <class Change>
 bool AppModel::changeLink(Uuid id, std::string_view undoTitle, Change change) {
-    Library next = library_;
+    Library next = *library_;
     const auto link = std::ranges::find(next.links, id, &SavedLink::id);
     if (link == next.links.end())
         return false;
@@ -119,8 +119,8 @@ QCoro::Task<bool> AppModel::update(SavedLink link) {
 }
 
 QCoro::Task<bool> AppModel::toggleFavorite(Uuid id) {
-    const auto stored = std::ranges::find(library_.links, id, &SavedLink::id);
-    const bool wasFavorite = stored != library_.links.end() && stored->isFavorite;
+    const auto stored = std::ranges::find(library_->links, id, &SavedLink::id);
+    const bool wasFavorite = stored != library_->links.end() && stored->isFavorite;
     co_return changeLink(id, wasFavorite ? "Remove Favorite" : "Favorite Link",
                          [&](SavedLink& link) { link.isFavorite = !wasFavorite; });
 }

@@ -56,7 +56,7 @@ QCoro::Task<bool> AppModel::saveDraft(SavedLink link) {
     const auto closeTarget =
         draft_ && draft_->link.id == link.id ? draft_->closeTarget : std::nullopt;
     const bool isNew = storedLink(link.url) == nullptr;
-    Library next = library_;
+    Library next = *library_;
     if (!next.saveAnnotated(link)) {
         say("Couldn’t save this link", "The web address is invalid.", Tone::failure);
         co_return false;
@@ -135,7 +135,7 @@ QCoro::Task<bool> AppModel::add(std::string url, std::string title, std::string 
         say("Already saved", "This link is already in your library. No duplicate added.");
         co_return true;
     }
-    Library next = library_;
+    Library next = *library_;
     std::vector<SavedLink> batch{std::move(link)};
     const std::size_t added = next.insert(batch);
     const UndoTitle undo{"Save Link"};

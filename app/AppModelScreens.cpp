@@ -55,8 +55,8 @@ void AppModel::selectTag(const std::string& tag) {
 const SavedLink* AppModel::selected() const {
     if (!selectedID_)
         return nullptr;
-    const auto link = std::ranges::find(library_.links, *selectedID_, &SavedLink::id);
-    return link == library_.links.end() ? nullptr : &*link;
+    const auto link = std::ranges::find(library_->links, *selectedID_, &SavedLink::id);
+    return link == library_->links.end() ? nullptr : &*link;
 }
 
 void AppModel::setSelectedID(std::optional<Uuid> id) {

@@ -24,7 +24,7 @@ void AppModel::dismissArchiveUndo() {
 void AppModel::undoArchive() {
     if (!archiveUndo_)
         return;
-    Library next = library_;
+    Library next = *library_;
     next.setArchived(!archiveUndo_->archived, archiveUndo_->ids);
     if (!commit(std::move(next), Feedback::error, std::nullopt))
         return;
@@ -47,7 +47,7 @@ void AppModel::undoLastAction() {
         setError(lockedWords());
         return;
     }
-    if (const auto saved = file_.save(lastLibraryUndo_->library); !saved) {
+    if (const auto saved = file_.save(*lastLibraryUndo_->library); !saved) {
         setError(worded("Couldn’t write to your library. ") + saved.error().description());
         return;
     }

@@ -97,8 +97,11 @@ public:
     /// The screens, the main one first; empty when there is none.
     [[nodiscard]] virtual std::vector<PanelScreen> screens() const = 0;
     [[nodiscard]] virtual PanelPoint pointer() const = 0;
-    /// Whether one of this application's windows has the keyboard.
+    /// Whether the user is with this application: one of its windows has the keyboard, but none of
+    /// those that float above other applications without raising this one.
     [[nodiscard]] virtual bool applicationIsActive() const = 0;
+    /// Called when the user comes back to this application.
+    std::function<void()> didBecomeActive;
 
     /// Whether what has the keyboard can do it now.
     [[nodiscard]] virtual bool canPerform(WindowCommand command) const = 0;

@@ -61,7 +61,9 @@ void takeDomains(benchmark::State& state) {
 }
 
 void groupByDay(benchmark::State& state) {
-    measure(state, [](const auto& links) { return LinkDay::group(links, now, "Europe/Berlin"); });
+    measure(state, [](const auto& links) {
+        return LinkDay::group(pointers(links), now, "Europe/Berlin");
+    });
 }
 
 /// The same when the links come in no order.
@@ -70,12 +72,14 @@ void groupShuffled(benchmark::State& state) {
     for (std::size_t at = 0; at < links.size(); ++at)
         std::swap(links[at].createdAt, links[at * 7919 % links.size()].createdAt);
     for (auto _ : state)
-        benchmark::DoNotOptimize(LinkDay::group(links, now, "Europe/Berlin"));
+        benchmark::DoNotOptimize(LinkDay::group(pointers(links), now, "Europe/Berlin"));
     state.SetComplexityN(state.range(0));
 }
 
 void bestMatches(benchmark::State& state) {
-    measure(state, [](const auto& links) { return LinkDay::bestMatches(links, "learn design"); });
+    measure(state, [](const auto& links) {
+        return LinkDay::bestMatches(pointers(links), "learn design");
+    });
 }
 
 void summarizeTags(benchmark::State& state) {

@@ -1,9 +1,10 @@
 # brinmoor_test(<name> SOURCES ... LINKS ... [DESKTOP] [APART] [TIMEOUT seconds] [LABEL label])
 #
-# A GoogleTest program, one ctest entry a test case. DESKTOP runs it inside a virtual display with
-# a window manager and a private D-Bus session, one entry for the whole program. The LABEL says in
-# which builds its cases run: "logic", unless given, under the sanitizers too. APART: its sources
-# have names in common, and are compiled one by one in every build.
+# A GoogleTest program, one ctest entry a test case, or a program where BRINMOOR_TEST_CASES is off.
+# DESKTOP runs it inside a virtual display with a window manager and a private D-Bus session, one entry for
+# the whole program. The LABEL says in which builds its cases run: "logic", unless given, under the
+# sanitizers too. APART: its sources have names in common, and are compiled one by one in every
+# build.
 
 find_package(GTest REQUIRED)
 include(GoogleTest)
@@ -23,6 +24,10 @@ function(brinmoor_test name)
     target_link_libraries(${name} PRIVATE brinmoor_options ${ARG_LINKS} GTest::gmock)
     # Most of the time that a test takes to compile is these headers and their optimisation.
     target_compile_options(${name} PRIVATE -O0)
+    if(BRINMOOR_SANITIZE MATCHES undefined)
+        # What is tested is checked; in a test itself it would double the time to compile.
+        target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
+    endif()
     if(ARG_APART)
         set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     endif()
@@ -41,7 +46,12 @@ function(brinmoor_test name)
         if(ARG_LABEL STREQUAL "logic" AND NOT BRINMOOR_LOGIC_TESTS)
             set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
         endif()
-        gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-            LABELS ${ARG_LABEL})
+        if(BRINMOOR_TEST_CASES)
+            gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+                LABELS ${ARG_LABEL})
+        else()
+            add_test(NAME ${name} COMMAND ${name})
+            set_tests_properties(${name} PROPERTIES TIMEOUT 900 LABELS ${ARG_LABEL})
+        endif()
     endif()
 endfunction()

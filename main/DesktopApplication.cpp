@@ -1,5 +1,6 @@
 #include "main/DesktopApplication.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -31,6 +32,10 @@ DesktopApplication::Start DesktopApplication::start() {
     bus.unregisterObject(objectPath);
     bringForward(bus);
     return Start::second;
+}
+
+void DesktopApplication::takeWhatWaits() {
+    QCoreApplication::sendPostedEvents(this);
 }
 
 void DesktopApplication::Activate(const QVariantMap&) {

@@ -25,6 +25,10 @@ public:
     /// Takes the program's name on the session bus.
     [[nodiscard]] Start start();
 
+    /// Hands over what the desktop has asked since start(), without waiting for its next event:
+    /// what a program is started for comes before its own beginnings.
+    void takeWhatWaits();
+
     /// Brings the library window forward.
     std::function<void()> activate;
     /// Takes addresses that the desktop hands over, in their order.

@@ -34,14 +34,13 @@ int main(int count, char** arguments) {
     const Subscription calm = motion.onChange([&] { panels.setReducedMotion(motion.isReduced()); });
     RealParts real(installation, panels.engine());
     AppDelegate shell(real.parts(), panels);
-    shell.launch();
-    desktop.activate = [&] { shell.openLibrary(); };
+    desktop.activate = [&] {
+        if (shell.libraryWindow())
+            shell.openLibrary();
+    };
     desktop.open = [&](const std::vector<std::string>& addresses) { shell.openURLs(addresses); };
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &application,
-                     [&](Qt::ApplicationState state) {
-                         if (state == Qt::ApplicationActive)
-                             shell.applicationDidBecomeActive();
-                     });
+    desktop.takeWhatWaits();
+    shell.launch();
     // After the first frame: no window waits for it.
     QTimer::singleShot(0, &application, [&] {
         panels.setSiteIcons(real.siteIcons());

@@ -3,7 +3,7 @@
 #include "screens/Wording.h"
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace brinmoor {
 
@@ -25,18 +25,20 @@ QString importanceOf(const SavedLink& link) {
 
 } // namespace
 
-void LibraryList::show(std::vector<LinkDay> days) {
+void LibraryList::show(std::shared_ptr<const Library> library, const std::vector<LinkDay>& days) {
     std::size_t count = 0;
     for (const LinkDay& day : days)
         count += day.links.size();
     std::vector<Row> rows;
     rows.reserve(count);
-    for (LinkDay& day : days) {
+    for (const LinkDay& day : days) {
         const QString label = shown(day.label);
-        for (SavedLink& link : day.links)
-            rows.push_back({std::move(link), label});
+        for (const SavedLink* link : day.links)
+            rows.push_back({link, label});
     }
     const bool wasEmpty = isEmpty();
+    // The rows of before are looked at until the last of them is replaced.
+    const std::shared_ptr<const Library> before = std::exchange(library_, std::move(library));
     replaceRows(std::move(rows));
     if (wasEmpty != isEmpty())
         Q_EMIT emptyChanged();
@@ -44,7 +46,7 @@ void LibraryList::show(std::vector<LinkDay> days) {
 
 void LibraryList::replaceRows(std::vector<Row> rows) {
     const auto sameRow = [](const Row& a, const Row& b) {
-        return a.link.id == b.link.id && a.day == b.day;
+        return a.link->id == b.link->id && a.day == b.day;
     };
     const std::size_t shorter = std::min(rows.size(), rows_.size());
     std::size_t head = 0;
@@ -63,23 +65,22 @@ void LibraryList::replaceRows(std::vector<Row> rows) {
     }
     adoptValues(rows, 0, 0, head);
     adoptValues(rows, rows_.size() - tail, rows.size() - tail, tail);
-    replaceMiddle(std::move(rows), head, tail);
+    replaceMiddle(rows, head, tail);
 }
 
-void LibraryList::adoptValues(std::vector<Row>& rows, std::size_t begin, std::size_t newBegin,
+void LibraryList::adoptValues(const std::vector<Row>& rows, std::size_t begin, std::size_t newBegin,
                               std::size_t count) {
     for (std::size_t at = 0; at < count; ++at) {
-        SavedLink& mine = rows_[begin + at].link;
-        SavedLink& other = rows[newBegin + at].link;
-        if (mine == other)
+        const SavedLink* const before =
+            std::exchange(rows_[begin + at].link, rows[newBegin + at].link);
+        if (before == rows_[begin + at].link || *before == *rows_[begin + at].link)
             continue;
-        mine = std::move(other);
         const QModelIndex changed = index(int(begin + at));
         Q_EMIT dataChanged(changed, changed);
     }
 }
 
-void LibraryList::replaceMiddle(std::vector<Row> rows, std::size_t head, std::size_t tail) {
+void LibraryList::replaceMiddle(const std::vector<Row>& rows, std::size_t head, std::size_t tail) {
     const auto begin = std::ptrdiff_t(head);
     const auto oldEnd = std::ptrdiff_t(rows_.size() - tail);
     const auto newEnd = std::ptrdiff_t(rows.size() - tail);
@@ -90,8 +91,7 @@ void LibraryList::replaceMiddle(std::vector<Row> rows, std::size_t head, std::si
     }
     if (newEnd > begin) {
         beginInsertRows({}, int(begin), int(newEnd) - 1);
-        rows_.insert(rows_.begin() + begin, std::make_move_iterator(rows.begin() + begin),
-                     std::make_move_iterator(rows.begin() + newEnd));
+        rows_.insert(rows_.begin() + begin, rows.begin() + begin, rows.begin() + newEnd);
         endInsertRows();
     }
 }
@@ -104,7 +104,7 @@ QVariant LibraryList::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Row& row = rows_[std::size_t(index.row())];
-    const SavedLink& link = row.link;
+    const SavedLink& link = *row.link;
     switch (role) {
     case LinkIdRole:
         return shown(link.id.string());

@@ -4,9 +4,11 @@
 #include <QQmlEngine>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 // Last, since moc stumbles over <compare> as the first header of the standard library.
+#include "core/library/Library.h"
 #include "core/library/LinkDay.h"
 
 namespace brinmoor {
@@ -36,9 +38,9 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// Shows the links of `days` in their order. Rows that are the same as before stay, so that a
-    /// view keeps its place.
-    void show(std::vector<LinkDay> days);
+    /// Shows the links of `days`, which are those of `library`, in their order. Rows that are the
+    /// same as before stay, so that a view keeps its place.
+    void show(std::shared_ptr<const Library> library, const std::vector<LinkDay>& days);
 
     [[nodiscard]] bool isEmpty() const noexcept { return rows_.empty(); }
 
@@ -51,15 +53,16 @@ Q_SIGNALS:
 
 private:
     struct Row {
-        SavedLink link;
-        QString day; ///< the heading that it stands under; one text for all of them
+        const SavedLink* link; ///< one of `library_`
+        QString day;           ///< the heading that it stands under; one text for all of them
     };
 
     void replaceRows(std::vector<Row> rows);
-    void replaceMiddle(std::vector<Row> rows, std::size_t head, std::size_t tail);
-    void adoptValues(std::vector<Row>& rows, std::size_t begin, std::size_t newBegin,
+    void replaceMiddle(const std::vector<Row>& rows, std::size_t head, std::size_t tail);
+    void adoptValues(const std::vector<Row>& rows, std::size_t begin, std::size_t newBegin,
                      std::size_t count);
 
+    std::shared_ptr<const Library> library_;
     std::vector<Row> rows_;
 };
 

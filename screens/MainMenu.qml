@@ -13,6 +13,9 @@ Item {
     readonly property bool opened: menu.opened
 
     function popup(x: real, y: real): void {
+        // While what the entries act on still has the keyboard.
+        for (let index = 0; index < submenus.count; ++index)
+            (submenus.objectAt(index) as ShellSubmenu).ask();
         menu.x = x;
         menu.y = y;
         menu.open();
@@ -47,6 +50,7 @@ Item {
     }
 
     Instantiator {
+        id: submenus
         model: main.menus.all
         delegate: ShellSubmenu {
             onChose: (from, index) => main.choose(from, index)

@@ -6,6 +6,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QPainterPath>
+#include <QPointer>
 #include <QScreen>
 
 namespace brinmoor {
@@ -16,6 +17,7 @@ Qt::WindowFlags flagsOf(PanelKind kind) {
     switch (kind) {
     case PanelKind::window:
         return Qt::Window;
+    case PanelKind::selection:
     case PanelKind::floating:
         return Qt::Tool | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint | Qt::WindowStaysOnTopHint;
@@ -75,7 +77,7 @@ void QuickPanel::prepare() {
     if (view_->handle())
         return;
     view_->create();
-    if (kind_ != PanelKind::floating && kind_ != PanelKind::card)
+    if (kind_ == PanelKind::window || kind_ == PanelKind::notice)
         return;
     applyPanelHints(number(*view_), PanelRole::utility, PanelFocus::takes);
 }
@@ -99,8 +101,11 @@ void QuickPanel::orderOut() {
 }
 
 void QuickPanel::close() {
-    view_->hide();
+    // Told first: whether the application is active is asked while the window still stands.
+    const QPointer self(this);
     tellClosed();
+    if (self)
+        view_->hide();
 }
 
 void QuickPanel::tellClosed() {

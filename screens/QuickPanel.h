@@ -12,11 +12,17 @@ namespace brinmoor {
 
 /// What kind of window a panel is to the desktop.
 enum class PanelKind {
-    window,   ///< an ordinary one
-    floating, ///< above the others, on every desktop
-    card,     ///< the same without a frame: the screen draws its own edge
-    notice,   ///< a passing message
+    window,    ///< an ordinary one
+    selection, ///< above the others, on every desktop; with it the user turns to the application
+    floating,  ///< the same, but the user stays with what was in front
+    card,      ///< floating without a frame: the screen draws its own edge
+    notice,    ///< a passing message
 };
+
+/// Whether a window of this kind makes the application the active one when it has the keyboard.
+[[nodiscard]] constexpr bool activates(PanelKind kind) noexcept {
+    return kind == PanelKind::window || kind == PanelKind::selection;
+}
 
 /// A window with one screen in it. What the screen needs is a child of the view, so that both go
 /// together.
@@ -29,6 +35,7 @@ public:
 
     [[nodiscard]] QQuickView& view() noexcept { return *view_; }
     [[nodiscard]] const QQuickView& view() const noexcept { return *view_; }
+    [[nodiscard]] PanelKind kind() const noexcept { return kind_; }
     /// Fills the window with a screen of the module; `needs` are its required properties.
     void load(const QString& screen, const QVariantMap& needs);
     /// Takes the window away and says so, as if the user had closed it by its title bar.

@@ -22,6 +22,9 @@
 #include <QScreen>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <utility>
+
 namespace brinmoor {
 
 namespace {
@@ -62,17 +65,22 @@ QQmlEngine& withScreens(QQmlEngine& engine) {
 } // namespace
 
 QuickPanels::QuickPanels()
-    : appearance_(appearanceOf(withScreens(engine_))), menus_(new ShellMenus(&engine_)) {}
+    : appearance_(appearanceOf(withScreens(engine_))), menus_(new ShellMenus(&engine_)) {
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &focusContext_,
+                     [this] { followFocus(); });
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &focusContext_,
+                     [this] { followFocus(); });
+}
 
 QuickPanels::~QuickPanels() {
     // Windows that wait for their deletion may not outlive the engine.
-    for (const auto& view : views_)
-        delete view.data();
+    for (const auto& window : windows_)
+        delete window.view.data();
 }
 
 std::unique_ptr<Panel> QuickPanels::kept(std::unique_ptr<QuickPanel> panel) {
-    std::erase_if(views_, [](const auto& view) { return view.isNull(); });
-    views_.emplace_back(&panel->view());
+    std::erase_if(windows_, [](const auto& window) { return window.view.isNull(); });
+    windows_.push_back({&panel->view(), activates(panel->kind())});
     return panel;
 }
 
@@ -101,7 +109,7 @@ std::unique_ptr<Panel> QuickPanels::captureEditor(AppModel& model, const Capture
 std::unique_ptr<Panel> QuickPanels::tabSelection(AppModel& model, Uuid draftID,
                                                  const std::string& title) {
     auto panel =
-        std::make_unique<QuickPanel>(engine_, PanelKind::floating, QString::fromStdString(title));
+        std::make_unique<QuickPanel>(engine_, PanelKind::selection, QString::fromStdString(title));
     TabSelectionActions actions{
         .update = [&model](UuidSet selected) { model.updateTabSelection(std::move(selected)); },
         .save = [&model] { model.saveTabSelection(); },
@@ -144,7 +152,20 @@ PanelPoint QuickPanels::pointer() const {
 }
 
 bool QuickPanels::applicationIsActive() const {
-    return QGuiApplication::focusWindow() != nullptr;
+    const QWindow* focused = QGuiApplication::focusWindow();
+    return std::ranges::any_of(windows_, [&](const Window& window) {
+        return window.activates && window.view == focused && focused;
+    });
+}
+
+void QuickPanels::followFocus() {
+    // Between two windows of its own an application stays what it is.
+    if (!QGuiApplication::focusWindow() &&
+        QGuiApplication::applicationState() == Qt::ApplicationActive)
+        return;
+    const bool was = std::exchange(active_, applicationIsActive());
+    if (active_ && !was && didBecomeActive)
+        didBecomeActive();
 }
 
 bool QuickPanels::canPerform(WindowCommand command) const {

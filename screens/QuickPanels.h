@@ -51,13 +51,21 @@ public:
     [[nodiscard]] QQmlEngine& engine() noexcept { return engine_; }
 
 private:
+    struct Window {
+        QPointer<QQuickView> view;
+        bool activates;
+    };
+
     std::unique_ptr<Panel> kept(std::unique_ptr<QuickPanel> panel);
+    void followFocus();
 
     QQmlEngine engine_;
     Appearance& appearance_;
     ShellMenus* menus_; ///< the engine's child
     QPointer<QObject> statusItem_;
-    std::vector<QPointer<QQuickView>> views_;
+    std::vector<Window> windows_;
+    bool active_ = false;
+    QObject focusContext_; ///< last: what it hears needs all the rest
 };
 
 } // namespace brinmoor

@@ -13,7 +13,7 @@ namespace {
 struct Ranked {
     int score;
     Instant createdAt;
-    SavedLink* link;
+    const SavedLink* link;
 };
 using Ranking = std::vector<Ranked>;
 
@@ -28,11 +28,9 @@ void sort(Ranking& ranking) {
         std::stable_sort(ranking.begin(), ranking.end(), isBefore);
 }
 
-std::vector<SavedLink> taken(Ranking::const_iterator begin, Ranking::const_iterator end) {
-    std::vector<SavedLink> links;
-    links.reserve(static_cast<std::size_t>(end - begin));
-    for (; begin != end; ++begin)
-        links.push_back(std::move(*begin->link));
+LinkPointers linksOf(Ranking::const_iterator begin, Ranking::const_iterator end) {
+    LinkPointers links(static_cast<std::size_t>(end - begin));
+    std::transform(begin, end, links.begin(), [](const Ranked& each) { return each.link; });
     return links;
 }
 
@@ -61,12 +59,19 @@ private:
 
 } // namespace
 
-std::vector<LinkDay> LinkDay::group(std::vector<SavedLink> links, Instant now,
+LinkPointers pointers(const std::vector<SavedLink>& links) {
+    LinkPointers all(links.size());
+    std::transform(links.begin(), links.end(), all.begin(),
+                   [](const SavedLink& link) { return &link; });
+    return all;
+}
+
+std::vector<LinkDay> LinkDay::group(const LinkPointers& links, Instant now,
                                     std::string_view timeZone) {
     Ranking byTime;
     byTime.reserve(links.size());
-    for (SavedLink& link : links)
-        byTime.push_back({0, link.createdAt, &link});
+    for (const SavedLink* link : links)
+        byTime.push_back({0, link->createdAt, link});
     sort(byTime);
     const text::Calendar calendar(timeZone);
     const Labels labels(calendar, now);
@@ -76,20 +81,20 @@ std::vector<LinkDay> LinkDay::group(std::vector<SavedLink> links, Instant now,
         const auto end = std::find_if(begin + 1, byTime.end(), [&](const Ranked& each) {
             return each.createdAt < start && calendar.startOfDay(each.createdAt) != start;
         });
-        days.push_back({start, labels.of(start), taken(begin, end)});
+        days.push_back({start, labels.of(start), linksOf(begin, end)});
         begin = end;
     }
     return days;
 }
 
-LinkDay LinkDay::bestMatches(std::vector<SavedLink> links, std::string_view query) {
+LinkDay LinkDay::bestMatches(const LinkPointers& links, std::string_view query) {
     LinkQuery asked(query);
     Ranking ranking;
     ranking.reserve(links.size());
-    for (SavedLink& link : links)
-        ranking.push_back({asked.rank(link).value_or(0), link.createdAt, &link});
+    for (const SavedLink* link : links)
+        ranking.push_back({asked.rank(*link).value_or(0), link->createdAt, link});
     sort(ranking);
-    return {distantPast, text::worded("Best matches"), taken(ranking.begin(), ranking.end())};
+    return {distantPast, text::worded("Best matches"), linksOf(ranking.begin(), ranking.end())};
 }
 
 } // namespace brinmoor

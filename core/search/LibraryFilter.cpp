@@ -68,12 +68,12 @@ bool LibraryFilter::isInScope(const SavedLink& link) const noexcept {
     return (searchEverywhere && isSearching()) || linkIsInCurrentSection(link);
 }
 
-std::vector<SavedLink> LibraryFilter::visibleLinks(const std::vector<SavedLink>& links) const {
+LinkPointers LibraryFilter::visibleLinks(const std::vector<SavedLink>& links) const {
     VisibleTest test(*this);
-    std::vector<SavedLink> visible;
+    LinkPointers visible;
     for (const SavedLink& link : links)
         if (isInScope(link) && test.passes(link))
-            visible.push_back(link);
+            visible.push_back(&link);
     return visible;
 }
 
@@ -87,7 +87,7 @@ std::vector<LinkDay> LibraryFilter::days(const std::vector<SavedLink>& links, In
 }
 
 std::vector<TagSummary> LibraryFilter::tagSummaries(const std::vector<SavedLink>& links) const {
-    std::vector<const SavedLink*> inScope;
+    LinkPointers inScope;
     for (const SavedLink& link : links)
         if (isInScope(link))
             inScope.push_back(&link);

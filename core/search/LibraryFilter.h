@@ -12,7 +12,7 @@
 namespace brinmoor {
 
 /// What the library screen is set to show, and what it shows then. A plain value. The links are
-/// always those of the library, in its order; every list is made anew.
+/// always those of the library, in its order; every list is made anew and points to them.
 struct LibraryFilter {
     static constexpr std::string_view allLinks = "All links";
     static constexpr std::string_view favorites = "Favorites";
@@ -32,7 +32,7 @@ struct LibraryFilter {
     [[nodiscard]] bool linkIsInCurrentSection(const SavedLink& link) const noexcept;
 
     /// The links that pass, in the order of the library.
-    [[nodiscard]] std::vector<SavedLink> visibleLinks(const std::vector<SavedLink>& links) const;
+    [[nodiscard]] LinkPointers visibleLinks(const std::vector<SavedLink>& links) const;
 
     /// The visible links in the groups of the library list: by day, or those of a search in one
     /// group, the best first.

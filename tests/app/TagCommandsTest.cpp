@@ -26,8 +26,8 @@ protected:
     }
     std::vector<std::string> shown() {
         std::vector<std::string> titles;
-        for (const auto& each : model().view().visibleLinks(model().library().links))
-            titles.push_back(each.title);
+        for (const SavedLink* each : model().view().visibleLinks(model().library().links))
+            titles.push_back(each->title);
         return titles;
     }
 };

@@ -30,8 +30,12 @@ SavedLink link(int number, double hoursAgo) {
 
 class LibraryListTest : public ::testing::Test {
 protected:
-    void show(const std::vector<SavedLink>& links) {
-        list.show(LibraryFilter{}.days(links, noon, "UTC"));
+    void show(std::vector<SavedLink> links) { show(list, std::move(links)); }
+    static void show(LibraryList& list, std::vector<SavedLink> links) {
+        auto library = std::make_shared<Library>();
+        library->links = std::move(links);
+        const auto days = LibraryFilter{}.days(library->links, noon, "UTC");
+        list.show(std::move(library), days);
     }
     [[nodiscard]] QString shown(int row, int role) const {
         return list.data(list.index(row), role).toString();
@@ -103,7 +107,7 @@ TEST_F(LibraryListTest, anyChangeLeadsToWhatAFreshListShows) {
         }
         show(links);
         LibraryList fresh;
-        fresh.show(LibraryFilter{}.days(links, noon, "UTC"));
+        show(fresh, links);
         ASSERT_EQ(list.rowCount(), fresh.rowCount());
         for (int row = 0; row < list.rowCount(); ++row)
             for (int role = LibraryList::LinkIdRole; role <= LibraryList::DayRole; ++role)

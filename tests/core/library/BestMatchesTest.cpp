@@ -20,10 +20,10 @@ SavedLink link(std::string title, double seconds = 0) {
     return made;
 }
 
-std::vector<std::string> titles(const LinkDay& day) {
+std::vector<std::string> bestTitles(const std::vector<SavedLink>& links, std::string_view query) {
     std::vector<std::string> result;
-    for (const SavedLink& each : day.links)
-        result.push_back(each.title);
+    for (const SavedLink* each : LinkDay::bestMatches(pointers(links), query).links)
+        result.push_back(each->title);
     return result;
 }
 
@@ -37,18 +37,17 @@ TEST(LinkDayBestMatches, isOneGroupOfTheDistantPast) {
 TEST(LinkDayBestMatches, beginsWithTheHighestScore) {
     SavedLink tagged = link("tagged", 9);
     tagged.tags = {"swift"};
-    EXPECT_THAT(titles(LinkDay::bestMatches({tagged, link("Swiftly", 8), link("on swift", 7),
-                                             link("swift news", 6), link("Swift", 5)},
-                                            "swift")),
+    EXPECT_THAT(bestTitles({tagged, link("Swiftly", 8), link("on swift", 7), link("swift news", 6),
+                            link("Swift", 5)},
+                           "swift"),
                 ElementsAre("Swift", "swift news", "Swiftly", "on swift", "tagged"));
 }
 
 TEST(LinkDayBestMatches, tiesGoNewestFirstAndThenInTheOrderGiven) {
-    EXPECT_THAT(
-        titles(LinkDay::bestMatches({link("swift a", 1), link("swift b", 3), link("swift c", 2),
-                                     link("swift d", 3), link("swift e", 3)},
-                                    "swift")),
-        ElementsAre("swift b", "swift d", "swift e", "swift c", "swift a"));
+    EXPECT_THAT(bestTitles({link("swift a", 1), link("swift b", 3), link("swift c", 2),
+                            link("swift d", 3), link("swift e", 3)},
+                           "swift"),
+                ElementsAre("swift b", "swift d", "swift e", "swift c", "swift a"));
 }
 
 TEST(LinkDayBestMatches, whatMatchesByCollectionOrBrowserOnlyCountsAsNothing) {
@@ -56,13 +55,11 @@ TEST(LinkDayBestMatches, whatMatchesByCollectionOrBrowserOnlyCountsAsNothing) {
     collected.collection = "swift";
     SavedLink noted = link("noted", 1);
     noted.note = "swift";
-    EXPECT_THAT(titles(LinkDay::bestMatches({collected, noted}, "swift")),
-                ElementsAre("noted", "collected"));
+    EXPECT_THAT(bestTitles({collected, noted}, "swift"), ElementsAre("noted", "collected"));
     // Of two terms one is found in the collection alone: no score at all, however good the other.
     collected.title = "news";
     noted.note = "swift news";
-    EXPECT_THAT(titles(LinkDay::bestMatches({collected, noted}, "news swift")),
-                ElementsAre("noted", "news"));
+    EXPECT_THAT(bestTitles({collected, noted}, "news swift"), ElementsAre("noted", "news"));
 }
 
 TEST(LinkDayBestMatches, losesNoLinkAndKeepsTheOrderOfTheScores) {
@@ -75,17 +72,18 @@ TEST(LinkDayBestMatches, losesNoLinkAndKeepsTheOrderOfTheScores) {
             links.back().collection = std::to_string(links.size());
         }
         const std::string query = generated.textOf(pieces, 3);
-        std::vector<SavedLink> expected = links;
+        const LinkPointers given = pointers(links);
+        LinkPointers expected = given;
         const auto score = [&](const SavedLink& each) {
             return LinkSearch::score(query, each.title, each.url, each.note, each.tags, "")
                 .value_or(0);
         };
-        std::ranges::stable_sort(expected, [&](const SavedLink& a, const SavedLink& b) {
-            if (score(a) != score(b))
-                return score(a) > score(b);
-            return a.createdAt > b.createdAt;
+        std::ranges::stable_sort(expected, [&](const SavedLink* a, const SavedLink* b) {
+            if (score(*a) != score(*b))
+                return score(*a) > score(*b);
+            return a->createdAt > b->createdAt;
         });
-        EXPECT_EQ(LinkDay::bestMatches(links, query).links, expected) << query;
+        EXPECT_EQ(LinkDay::bestMatches(given, query).links, expected) << query;
     });
 }
 

@@ -58,10 +58,10 @@ SavedLink timed(SavedLink link, double seconds) {
     return link;
 }
 
-std::vector<std::string> titles(const std::vector<SavedLink>& links) {
+std::vector<std::string> titles(const LinkPointers& links) {
     std::vector<std::string> result;
-    for (const SavedLink& link : links)
-        result.push_back(link.title);
+    for (const SavedLink* link : links)
+        result.push_back(link->title);
     return result;
 }
 
