@@ -1,5 +1,8 @@
 #include "app/AppDelegate.h"
 
+#include "account/AccountKeychain.h"
+#include "core/account/PendingEmailSignIn.h"
+#include "platform/Updater.h"
 #include "tests/app/ShellDesk.h"
 
 #include <gmock/gmock.h>
@@ -14,6 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::PaperPanel;
 using testing::settle;
+using ::testing::StartsWith;
 
 using AppDelegateTest = testing::ShellDesk;
 
@@ -223,15 +227,74 @@ TEST_F(AppDelegateTest, theNoticesButtonLeadsToBrowserAccess) {
 
 // Return URLs of a sign-in.
 
-TEST_F(AppDelegateTest, returnURLsThatComeBeforeTheModelWaitForItInTheirOrder) {
-    AppDelegate early(parts(), panels);
-    early.openURLs({"brinmoor://auth/callback?code=short&state=one"});
-    early.openURLs({"brinmoor://auth/callback?error=two", "https://elsewhere.example/"});
+/// Takes down when it is started, and hears what the account says from then on.
+class FirstUpdater final : public Updater {
+public:
+    std::function<AppModel*()> model;
+    std::vector<std::string> log;
+
+    [[nodiscard]] Result<Done, std::string> start() override {
+        log.emplace_back("updater");
+        AccountController& account = model()->account();
+        QObject::connect(&account, &AccountController::changed, &account, [this, &account] {
+            const std::string says = account.message().value_or("");
+            if (!says.empty() && says != log.back())
+                log.push_back(says);
+        });
+        return Done{};
+    }
+    void checkForUpdates() override {}
+    [[nodiscard]] bool canCheckForUpdates() const override { return true; }
+    [[nodiscard]] bool automaticallyChecksForUpdates() const override { return false; }
+    void setAutomaticallyChecksForUpdates(bool) override {}
+    [[nodiscard]] Subscription onChange(std::function<void()>) override { return {}; }
+};
+
+TEST_F(AppDelegateTest, returnURLsThatComeBeforeTheModelAreTakenOnceInTheirOrderAfterTheUpdater) {
+    AccountController& asking = model().account();
+    asking.setSignInEmail(u"ada@example.org"_qs);
+    asking.sendSignInEmail();
+    http.calls.back()->answer(200, R"({"ok":true})");
+    settle();
+    const auto& stored = secrets.items.at(
+        {std::string(AccountKeychain::service), std::string(AccountKeychain::requestItem)});
+    const std::string link = "brinmoor://auth/callback?code=" + std::string(43, 'c') +
+                             "&state=" + decodePendingSignIn(stored).value().state;
+    endModel();
+    http.calls.clear();
+
+    FirstUpdater updater;
+    AppParts official = parts();
+    official.build = {
+        .identifier = "app.brinmoor.mac", .updatesEnabled = true, .version = "1.0", .number = "1"};
+    official.updater = &updater;
+    AppDelegate early(official, panels);
+    updater.model = [&] { return early.model(); };
+    early.openURLs({link});
+    early.openURLs({"https://elsewhere.example/", link});
     EXPECT_THAT(panels.log, IsEmpty());
     early.launch();
     settle();
+    EXPECT_THAT(updater.log,
+                ElementsAre("updater", "Signing you in…", StartsWith("This sign-in link expired")));
+    EXPECT_EQ(http.calls.size(), 1U) << "the link was exchanged once";
     EXPECT_EQ(early.model()->section(), AppSection::account);
-    EXPECT_TRUE(early.model()->account().message());
+}
+
+TEST_F(AppDelegateTest, theLaunchBringsTheLoginInStep) {
+    secrets
+        .items[{std::string(AccountKeychain::service), std::string(AccountKeychain::tokenItem)}] =
+        std::string(43, 'a');
+    shell();
+    settle();
+    ASSERT_EQ(http.calls.size(), 1U);
+    EXPECT_EQ(http.calls.front()->request.address, "https://service.example/api/account");
+    // And so does the user's coming back, with what the service says by then.
+    http.calls.front()->fail({});
+    settle();
+    panels.didBecomeActive();
+    settle();
+    EXPECT_EQ(http.calls.size(), 2U);
 }
 
 TEST_F(AppDelegateTest, theAccountIsShownInTheLibraryWindow) {

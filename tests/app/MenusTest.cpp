@@ -2,6 +2,7 @@
 
 #include "app/TabCleanup.h"
 #include "browser/TabSearchModel.h"
+#include "platform/memory/MemoryUpdater.h"
 
 #include <gmock/gmock.h>
 
@@ -23,21 +24,29 @@ protected:
             found.emplace_back(each.title, each.key);
         return found;
     }
-    const MenuItem& entry(const std::string& title) {
+    /// The entries with this title, in the menus of the window and of the status item.
+    std::vector<const MenuItem*> entries(const std::string& title) {
         std::vector<const Menu*> menus{&panels.statusMenu};
         for (const Menu& each : panels.mainMenu)
             menus.push_back(&each);
-        for (const Menu* menu : menus) {
-            const auto found = std::ranges::find(menu->items, title, &MenuItem::title);
-            if (found != menu->items.end())
-                return *found;
-        }
-        throw std::out_of_range(title);
+        std::vector<const MenuItem*> found;
+        for (const Menu* menu : menus)
+            for (const MenuItem& item : menu->items)
+                if (item.title == title)
+                    found.push_back(&item);
+        if (found.empty())
+            throw std::out_of_range(title);
+        return found;
     }
+    const MenuItem& entry(const std::string& title) { return *entries(title).front(); }
     void choose(const std::string& title) {
-        entry(title).run();
-        settle();
+        for (const MenuItem* each : entries(title)) {
+            each->run();
+            settle();
+        }
     }
+    /// How often the browser was asked for something.
+    [[nodiscard]] std::size_t asked() const { return scripts.runs.size(); }
 };
 
 TEST_F(MenusTest, theMainMenuHasThreeMenusWithTheirKeys) {
@@ -102,6 +111,8 @@ TEST_F(MenusTest, menusComeAfterTheWindowAndBeforeItIsShown) {
 
 TEST_F(MenusTest, theTabSearchOpensEmptyAndFreshAndIsMadeOnce) {
     choose("Search Open Tabs…");
+    const std::size_t readings = asked();
+    EXPECT_GT(readings, 0U);
     auto* panel = panels.named("tab search");
     ASSERT_NE(panel, nullptr);
     shellModel().tabSearch().setQuery("old words");
@@ -109,6 +120,7 @@ TEST_F(MenusTest, theTabSearchOpensEmptyAndFreshAndIsMadeOnce) {
     EXPECT_FALSE(panel->visible);
     choose("Search open tabs…");
     EXPECT_TRUE(panel->visible);
+    EXPECT_EQ(asked(), 2 * readings);
     EXPECT_EQ(shellModel().tabSearch().query(), "");
     EXPECT_EQ(panels.count("tab search"), 1);
     EXPECT_EQ(panel->centered, 1);
@@ -162,8 +174,89 @@ TEST_F(MenusTest, undoIsOfferedOnlyWhereThereIsSomethingToUndo) {
     EXPECT_TRUE(entry("Undo").isEnabled());
 }
 
-TEST_F(MenusTest, withoutAnUpdaterUpdatesCannotBeChosen) {
-    EXPECT_FALSE(entry("Check for Updates…").isEnabled());
+TEST_F(MenusTest, everyCaptureCanBeChosenInBothMenus) {
+    int page = 0;
+    const auto chosen = [&](const std::string& title) {
+        const std::string number = std::to_string(++page);
+        tabsAre({Desk::entry("https://a.example/" + number, "First"),
+                 Desk::entry("https://b.example/" + number, "Second")});
+        choose(title);
+    };
+    for (const char* title : {"Save Browser Window", "Save all tabs in this window"}) {
+        const std::size_t before = shellModel().library().links.size();
+        chosen(title);
+        EXPECT_EQ(shellModel().library().links.size(), before + 2) << title;
+    }
+    for (const char* title : {"Save with a Note…", "Save with a note…"}) {
+        chosen(title);
+        EXPECT_TRUE(shellModel().draft()) << title;
+        shellModel().discardDraft();
+    }
+    for (const char* title : {"Save Selected Tabs…", "Save selected tabs…"}) {
+        chosen(title);
+        EXPECT_TRUE(shellModel().tabSelection()) << title;
+        shellModel().discardTabSelection();
+    }
+}
+
+TEST_F(MenusTest, aCopiedLinkIsSavedFromBothMenus) {
+    for (const char* title : {"Save Copied Link", "Save copied link"}) {
+        const std::size_t before = shellModel().library().links.size();
+        pasteboard.copy("https://a.example/" + std::to_string(before));
+        choose(title);
+        EXPECT_EQ(shellModel().library().links.size(), before + 1) << title;
+    }
+}
+
+TEST_F(MenusTest, tabsAreCleanedUpFromBothMenus) {
+    const auto said = [&](const char* title) {
+        shellModel().dismissToast();
+        choose(title);
+        return shellModel().toast() ? shellModel().toast()->title : "nothing";
+    };
+    for (const char* title : {"Close Duplicate Tabs", "Close duplicate tabs"})
+        EXPECT_EQ(said(title), "Tabs already tidy") << title;
+    for (const char* title : {"Clean Up Tabs…", "Clean up tabs…"})
+        EXPECT_EQ(said(title), "Tab Cleanup is off") << title;
+}
+
+TEST_F(MenusTest, backupsAndTheLibraryAreInTheFileMenu) {
+    choose("Import Backup…");
+    EXPECT_EQ(files.opened, 1);
+    choose("Export Backup…");
+    EXPECT_EQ(files.suggested.size(), 1U);
+    for (const char* title : {"Open Library", "Open Brinmoor"}) {
+        panels.log.clear();
+        choose(title);
+        EXPECT_THAT(panels.log, ElementsAre("key library")) << title;
+    }
+}
+
+TEST_F(MenusTest, withoutAnUpdaterUpdatesCannotBeChosenInEitherMenu) {
+    const auto updates = entries("Check for Updates…");
+    ASSERT_EQ(updates.size(), 2U);
+    for (const MenuItem* each : updates)
+        EXPECT_FALSE(each->isEnabled());
+}
+
+TEST_F(MenusTest, bothMenusAskTheSameUpdater) {
+    endShell();
+    MemoryUpdater updater;
+    AppParts official = parts();
+    official.build = {
+        .identifier = "app.brinmoor.mac", .updatesEnabled = true, .version = "1.0", .number = "1"};
+    official.updater = &updater;
+    AppDelegate released(official, panels);
+    released.launch();
+    for (const MenuItem* each : entries("Check for Updates…")) {
+        EXPECT_TRUE(each->isEnabled());
+        each->run();
+    }
+    EXPECT_EQ(updater.starts, 1);
+    EXPECT_EQ(updater.checks, 2);
+    updater.set(false, false);
+    for (const MenuItem* each : entries("Check for Updates…"))
+        EXPECT_FALSE(each->isEnabled()) << "a check is in progress";
 }
 
 TEST_F(MenusTest, whatTheWindowDoesIsLeftToIt) {
@@ -171,9 +264,9 @@ TEST_F(MenusTest, whatTheWindowDoesIsLeftToIt) {
          {"Hide Brinmoor", "Quit Brinmoor", "Close Window", "Cut", "Copy", "Paste", "Select All"})
         choose(title);
     EXPECT_THAT(panels.performed,
-                ElementsAre(WindowCommand::hide, WindowCommand::quit, WindowCommand::closeWindow,
-                            WindowCommand::cut, WindowCommand::copy, WindowCommand::paste,
-                            WindowCommand::selectAll));
+                ElementsAre(WindowCommand::hide, WindowCommand::quit, WindowCommand::quit,
+                            WindowCommand::closeWindow, WindowCommand::cut, WindowCommand::copy,
+                            WindowCommand::paste, WindowCommand::selectAll));
 }
 
 TEST_F(MenusTest, settingsAndAccountOpenInTheLibraryWindow) {

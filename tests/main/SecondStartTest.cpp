@@ -1,5 +1,6 @@
 #include "platform/linux/Desktop.h"
 #include "platform/linux/Places.h"
+#include "tests/platform/linux/TestKeyboard.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Eventually.h"
 
@@ -25,14 +26,23 @@ protected:
     }
 
     std::unique_ptr<Workspace> desktop = makeWorkspace();
+    TestKeyboard keyboard;
 };
 
-TEST_F(SecondStart, bringsTheFirstOnesWindowForwardAndEnds) {
+TEST_F(SecondStart, bringsBackTheWindowThatWasClosedAndEnds) {
     ChildProcess first(ChildOptions{{BRINMOOR}, {}, true});
     ASSERT_TRUE(eventually([&] { return isInFront(first.process()); }));
+    keyboard.chord({XKey::controlLeft}, XKey::letterW);
+    ASSERT_TRUE(eventually([&] { return !hasWindow(first.process()); }));
+    // It goes on without a window: a shortcut still opens the search of open tabs.
+    keyboard.chord({XKey::shiftLeft, XKey::superLeft}, XKey::letterO);
+    ASSERT_TRUE(eventually([&] { return isInFront(first.process()); }));
+    keyboard.tap(XKey::escape);
+    ASSERT_TRUE(eventually([&] { return !hasWindow(first.process()); }));
+
     ChildProcess second(ChildOptions{{BRINMOOR}, {}, true});
     EXPECT_EQ(second.waitForExit(), 0);
-    EXPECT_TRUE(hasWindow(first.process()));
+    EXPECT_TRUE(eventually([&] { return isInFront(first.process()); }));
 }
 
 TEST_F(SecondStart, aProgramThatEndedIsNotWaitedFor) {

@@ -55,6 +55,23 @@ TEST_F(CaptureEditorTest, takesTheKeyboardWithoutRaisingTheLibrary) {
     EXPECT_TRUE(noteBecomes(u"for mara"_qs));
 }
 
+TEST_F(CaptureEditorTest, leavesTheUserWithTheOtherProgram) {
+    const auto library = panels.libraryWindow(model());
+    library->makeKeyAndOrderFront();
+    ASSERT_TRUE(becomesActive(*library));
+    EXPECT_TRUE(panels.applicationIsActive());
+    otherInFront();
+    int returns = 0;
+    panels.didBecomeActive = [&] { ++returns; };
+    open();
+    EXPECT_FALSE(panels.applicationIsActive());
+    EXPECT_EQ(returns, 0);
+    library->makeKeyAndOrderFront();
+    ASSERT_TRUE(becomesActive(*library));
+    EXPECT_TRUE(panels.applicationIsActive());
+    EXPECT_EQ(returns, 1);
+}
+
 TEST_F(CaptureEditorTest, givesTheKeyboardBackWhenItGoes) {
     const auto library = panels.libraryWindow(model());
     library->makeKeyAndOrderFront();

@@ -28,7 +28,13 @@ protected:
                          .isEnabled = [this] { return secondIsEnabled; }}}},
              {.title = "Edit",
               .items = {
-                  {.title = "Undo", .key = "Z", .run = says("undo"), .isEnabled = nullptr},
+                  {.title = "Undo",
+                   .key = "Z",
+                   .run = says("undo"),
+                   .isEnabled =
+                       [this] {
+                           return libraryCanUndo || panels.canPerform(WindowCommand::undoText);
+                       }},
                   {.title = "Find…", .key = "F", .run = says("find"), .isEnabled = nullptr}}}});
         window->makeKeyAndOrderFront();
         EXPECT_TRUE(becomesActive(*window));
@@ -47,6 +53,7 @@ protected:
     std::unique_ptr<Panel> window;
     std::vector<std::string> chosen;
     bool secondIsEnabled = true;
+    bool libraryCanUndo = true;
 };
 
 TEST_F(ShellMenuTest, keysChooseWithoutTheMenu) {
@@ -89,6 +96,23 @@ TEST_F(ShellMenuTest, aTextUndoesBeforeAnythingElse) {
     EXPECT_TRUE(waitUntil([&] { return panels.canPerform(WindowCommand::undoText); }));
     panels.perform(WindowCommand::undoText);
     EXPECT_TRUE(waitUntil([&] { return !panels.canPerform(WindowCommand::undoText); }));
+}
+
+TEST_F(ShellMenuTest, whatATextCanUndoCanBeChosenThoughTheMenuHasTheKeyboardByThen) {
+    libraryCanUndo = false;
+    model().focusSearch();
+    ASSERT_TRUE(waitUntil([&] {
+        QObject* item = viewOf(*window).activeFocusItem();
+        return item && item->property("canUndo").isValid();
+    }));
+    desktop.type("abc");
+    ASSERT_TRUE(waitUntil([&] { return panels.canPerform(WindowCommand::undoText); }));
+    desktop.press(f10);
+    ASSERT_TRUE(opens());
+    // The second menu, its first entry.
+    for (const std::uint32_t key : {Key::down, Key::down, right, Key::enter})
+        desktop.press(key);
+    EXPECT_TRUE(isChosen("undo"));
 }
 
 TEST_F(ShellMenuTest, controlZReachesTheShellWhenTheTextHasNothingLeft) {

@@ -53,6 +53,22 @@ TEST_F(TabSelectionPanelTest, enterSavesInTheBrowsersOrder) {
     EXPECT_EQ(titles(), (std::vector<std::string>{"Page 1", "Page 2"}));
 }
 
+TEST_F(TabSelectionPanelTest, turnsTheUserToTheProgramAndIsStillThereWhenItIsAskedWhetherItWas) {
+    otherInFront();
+    int returns = 0;
+    panels.didBecomeActive = [&] { ++returns; };
+    open(3);
+    EXPECT_EQ(returns, 1);
+    bool wasActive = false;
+    panel->willClose = [&] {
+        wasActive = panels.applicationIsActive();
+        ++closed;
+    };
+    desktop.press(Key::escape);
+    ASSERT_TRUE(waitUntil([&] { return closed == 1; }));
+    EXPECT_TRUE(wasActive);
+}
+
 TEST_F(TabSelectionPanelTest, escapeCancels) {
     open(3);
     desktop.press(Key::escape);
