@@ -149,10 +149,10 @@ private:
 
     // The session.
     QCoro::Task<> adoptStored(std::string stored);
-    void settle(const Fetched& fetched, const std::string& token);
+    void settle(const Fetched& fetched, const Uuid& flight, const std::string& token);
     void startFlight(Force force, std::chrono::milliseconds timeout);
     void dropFlight();
-    void apply(const BrinmoorAccount& account);
+    void apply(const BrinmoorAccount& account, std::optional<std::string> message = std::nullopt);
     void holdLogin(const std::string& token, const BrinmoorAccount& account);
     void followLogin(const std::string& token, const BrinmoorAccount& account);
     void clearLocalLogin();
@@ -189,6 +189,8 @@ private:
     std::optional<PendingEmailSignIn> pendingSignIn_;
     AccountService::Call signInRequestTask_;
     std::optional<RefreshFlight> refreshFlight_;
+    /// The flight whose good end leaves the message as it is.
+    std::optional<Uuid> quietFlight_;
 };
 
 } // namespace brinmoor

@@ -11,9 +11,9 @@
 
 namespace brinmoor {
 
-void AccountController::apply(const BrinmoorAccount& account) {
+void AccountController::apply(const BrinmoorAccount& account, std::optional<std::string> message) {
     account_ = account;
-    setMessage(std::nullopt);
+    setMessage(std::move(message));
 }
 
 void AccountController::dropFlight() {
@@ -82,16 +82,17 @@ QCoro::Task<> AccountController::refresh(Force force, std::chrono::milliseconds 
     if (!self)
         co_return;
     if (sessionGeneration_ == generation)
-        settle(meaningOf(answer, decodeAccount), token);
+        settle(meaningOf(answer, decodeAccount), flight, token);
     if (refreshFlight_ && refreshFlight_->id == flight) {
         dropFlight();
         Q_EMIT changed();
     }
 }
 
-void AccountController::settle(const Fetched& fetched, const std::string& token) {
+void AccountController::settle(const Fetched& fetched, const Uuid& flight,
+                               const std::string& token) {
     if (fetched)
-        return apply(*fetched);
+        return apply(*fetched, quietFlight_ == flight ? message_ : std::nullopt);
     if (fetched.error().cause == AccountFailure::Cause::signIn) {
         (void)keychain_.clearToken(token);
         clearLocalLogin();

@@ -258,6 +258,9 @@ Result<Done, AccountFailure> AccountController::adoptExchange(const PendingEmail
 void AccountController::showAccount(std::string text) {
     setMessage(std::move(text));
     showAccount();
+    // Who sees the account has it fetched, which must not take the words away unread.
+    if (refreshFlight_)
+        quietFlight_ = refreshFlight_->id;
 }
 
 void AccountController::showAccount() {

@@ -39,8 +39,7 @@ AppModel::AppModel(const AppParts& parts)
     tabCleanup_ =
         std::make_unique<TabCleanup>(parts.workspace, parts.scripts, preferences_, clock_);
     hotkey_ = std::make_unique<GlobalShortcut>(parts.hotKeys);
-    const auto stored = preferences_.data("captureShortcuts");
-    shortcuts_ = decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);
+    shortcuts_ = savedShortcuts(preferences_);
     loadLibrary();
     if (!loadFailed_) {
         onboardingCompleted_ = preferences_.boolean("hasCompletedOnboarding");

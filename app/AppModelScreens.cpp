@@ -92,6 +92,8 @@ std::string AppModel::onboardingKey() const {
 
 void AppModel::completeOnboarding() {
     preferences_.set(onboardingKey(), true);
+    // At start nobody knows yet who is signed in.
+    preferences_.set("hasCompletedOnboarding", true);
     onboardingCompleted_ = true;
     showingOnboarding_ = false;
     Q_EMIT sheetsChanged();

@@ -38,6 +38,14 @@ SavedSettings SavedSettings::read(const Preferences& preferences) {
     return saved;
 }
 
+ShortcutMap savedShortcuts(const Preferences& preferences) {
+    const auto older = preferences.data("captureShortcut");
+    if (older && !preferences.object("captureShortcuts"))
+        return decodeOlderShortcut(*older);
+    const auto stored = preferences.data("captureShortcuts");
+    return decodeShortcuts(stored ? std::optional<std::string_view>(*stored) : std::nullopt);
+}
+
 AppAppearance savedAppearance(const Preferences& preferences) {
     return preferences.text("appAppearance") == "cream" ? AppAppearance::cream
                                                         : AppAppearance::black;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/capture/CaptureShortcut.h"
+
 #include <string>
 #include <vector>
 
@@ -23,6 +25,9 @@ struct SavedSettings {
 
     [[nodiscard]] static SavedSettings read(const Preferences& preferences);
 };
+
+/// The system-wide shortcuts; the single one of an older time counts only without the map of all.
+[[nodiscard]] ShortcutMap savedShortcuts(const Preferences& preferences);
 
 enum class AppAppearance { cream, black };
 

@@ -145,8 +145,6 @@ void TabCleanup::confirmCleanupReview() {
         return;
     setReview(std::nullopt);
     mark(Step::begins);
-    if (closeCleanupReview)
-        closeCleanupReview();
     close(std::move(chosen), "Tabs cleaned up");
 }
 

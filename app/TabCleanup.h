@@ -50,9 +50,8 @@ public:
 
     /// Shows a passing notice; installed by the model.
     std::function<void(const CaptureNotice&)> notify;
-    // What the shell installs after start.
+    /// Shows the tabs that would be closed; installed by the shell after start.
     std::function<void(const TabCleanupDraft&)> showCleanupReview;
-    std::function<void()> closeCleanupReview;
 
     /// Closes duplicates and empty tabs, without asking and whether or not the cleanup is on.
     void closeDuplicateTabs();

@@ -61,6 +61,9 @@ struct KeyPress {
 /// The stored map, by stored names. An action without an entry has its default, entries under
 /// unknown names are ignored; a text that is no map of whole shortcuts gives all defaults.
 [[nodiscard]] ShortcutMap decodeShortcuts(std::optional<std::string_view> json);
+/// The same where nothing but the one shortcut of an older time is stored, which was for `quick`;
+/// a text that is no whole shortcut gives all defaults.
+[[nodiscard]] ShortcutMap decodeOlderShortcut(std::string_view json);
 [[nodiscard]] std::string encodeShortcuts(const ShortcutMap& shortcuts);
 
 } // namespace brinmoor

@@ -51,6 +51,19 @@ ShortcutMap decodeShortcuts(std::optional<std::string_view> json) {
     return shortcuts;
 }
 
+ShortcutMap decodeOlderShortcut(std::string_view json) {
+    ShortcutMap shortcuts = defaultShortcuts();
+    if (json.size() > longestStoredMap)
+        return shortcuts;
+    const text::SmallJson document(json);
+    text::JsonElement root;
+    if (document.root().get(root) != simdjson::SUCCESS)
+        return shortcuts;
+    if (auto shortcut = storedShortcut(root))
+        shortcuts.insert_or_assign(CaptureAction::quick, std::move(*shortcut));
+    return shortcuts;
+}
+
 std::string encodeShortcuts(const ShortcutMap& shortcuts) {
     std::string json = "{";
     for (const auto& [action, shortcut] : shortcuts) {

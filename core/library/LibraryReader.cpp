@@ -1,3 +1,4 @@
+#include "core/library/LargeNumbers.h"
 #include "core/library/LibraryDocument.h"
 #include "core/library/LibraryScan.h"
 
@@ -185,7 +186,12 @@ Result<Library, FileError> document::readPadded(const char* bytes, std::size_t s
 Result<Library, FileError> document::readAny(const char* bytes, std::size_t size) {
     simdjson::dom::parser parser;
     element root;
-    switch (parser.parse(reinterpret_cast<const std::uint8_t*>(bytes), size, false).get(root)) {
+    auto error = parser.parse(reinterpret_cast<const std::uint8_t*>(bytes), size, false).get(root);
+    // The parser makes no difference between a number that is none and one that is too large for
+    // it, which may well stand under a key that nobody wants to know of.
+    if (error == simdjson::NUMBER_ERROR)
+        error = parser.parse(withoutLargeNumbers({bytes, size})).get(root);
+    switch (error) {
     case simdjson::SUCCESS:
         return readRoot(root);
     case simdjson::MEMALLOC:

@@ -22,6 +22,15 @@ protected:
         one->onChange = [this] { ++changes; };
     }
 
+    /// In a copy that knows its account and whose account screen fetches it once more.
+    void openAnOldLink() {
+        one->refresh(Force::no);
+        answer(account, 200, accountBody());
+        one->bringAccountForward = [this] { one->synchronizeLogin(RefreshExisting::yes); };
+        one->handleIncomingURL("brinmoor://auth/callback?code=" + rightCode + "&state=old");
+        settle();
+    }
+
     int changes = 0;
     std::unique_ptr<AccountController> one;
 };
@@ -129,6 +138,24 @@ TEST_F(RefreshTest, aSuccessClearsTheMessage) {
     one->refresh(Force::no);
     answer(account, 200, accountBody());
     EXPECT_EQ(one->message(), std::nullopt);
+}
+
+TEST_F(RefreshTest, theFetchThatShowingTheAccountCausesLeavesWhatIsShown) {
+    openAnOldLink();
+    ASSERT_TRUE(one->isRefreshing());
+    answer(account, 200, accountBody("u1", "new@example.org"));
+    EXPECT_EQ(one->account()->user.email, "new@example.org");
+    EXPECT_THAT(one->message(), Optional(HasSubstr("This sign-in link expired")));
+    one->synchronizeLogin(RefreshExisting::yes);
+    answer(account, 200, accountBody());
+    EXPECT_EQ(one->message(), std::nullopt) << "by the next one it has been read";
+}
+
+TEST_F(RefreshTest, aFetchThatFailsIsSaidEvenWhereSomethingElseIsShown) {
+    openAnOldLink();
+    open(account).fail(HttpFailure::unreachable);
+    settle();
+    EXPECT_THAT(one->message(), Optional(HasSubstr("couldn’t connect")));
 }
 
 TEST_F(RefreshTest, aTokenThatAnotherCopyStoredMeanwhileIsNotCleared) {

@@ -6,6 +6,7 @@ namespace brinmoor {
 namespace {
 
 using testing::Desk;
+using testing::settle;
 
 constexpr auto elsewhere = "Updates are available in the installed release of Brinmoor.";
 
@@ -113,6 +114,22 @@ TEST_F(TourTest, aFinishedTourStaysAwayAtTheNextLaunch) {
     EXPECT_FALSE(model().isShowingOnboarding());
     model().setShowingOnboarding(true);
     EXPECT_TRUE(model().isShowingOnboarding());
+}
+
+TEST_F(TourTest, aTourFinishedWhileSignedInStaysAwayAtTheNextLaunch) {
+    secrets
+        .items[{std::string(AccountKeychain::service), std::string(AccountKeychain::tokenItem)}] =
+        std::string(43, 't');
+    model().account().refresh(AccountController::Force::no);
+    http.calls.back()->answer(
+        200, R"({"account":{"user":{"id":"u1","name":"Ada","email":"ada@example.org"}}})");
+    settle();
+    ASSERT_TRUE(model().account().account());
+    model().completeOnboarding();
+    EXPECT_TRUE(preferences.boolean("hasCompletedOnboarding.u1"));
+    endModel();
+    EXPECT_FALSE(model().isShowingOnboarding());
+    EXPECT_EQ(model().account().account(), std::nullopt);
 }
 
 TEST_F(TourTest, thePreviewOfTheClipboardOfferIsAnOffer) {

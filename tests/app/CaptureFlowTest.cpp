@@ -105,6 +105,7 @@ TEST_F(CaptureFlowTest, aWindowOfFiveTabsWithTwoKnownSavesThreeInTabOrder) {
     press(CaptureAction::window);
     EXPECT_EQ(lastWords(), Words("3 tabs saved", "Ready in your library whenever you need it."));
     EXPECT_THAT(titles(), ElementsAre("One", "Three", "Five", "Two", "Four"));
+    EXPECT_EQ(counted(UsageEvent::linksSaved), 3);
 }
 
 TEST_F(CaptureFlowTest, aWindowOfKnownTabsIsAlreadySaved) {
@@ -112,6 +113,7 @@ TEST_F(CaptureFlowTest, aWindowOfKnownTabsIsAlreadySaved) {
     tabsAre({entry("https://a.example/1", "One"), entry("https://a.example/2", "Two")});
     press(CaptureAction::window);
     EXPECT_EQ(lastWords(), alreadySaved);
+    EXPECT_EQ(counted(UsageEvent::linksSaved), 0);
 }
 
 // Closing the tab.

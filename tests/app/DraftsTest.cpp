@@ -186,5 +186,43 @@ TEST_F(TabSelectionTest, aCancelledSelectionSavesNothing) {
     EXPECT_THAT(titles(), IsEmpty());
 }
 
+// A link that is typed in.
+
+class AddingTest : public DraftsTest {
+protected:
+    bool add(const std::string& note, const std::vector<std::string>& tags) {
+        std::optional<bool> added;
+        auto task = [&]() -> QCoro::Task<> {
+            added = co_await model().add("https://a.example/", "A", "Inbox", note, tags);
+        };
+        task();
+        settle();
+        return added.value_or(false);
+    }
+    std::vector<std::int64_t> counts() {
+        return {counted(UsageEvent::linksSaved), counted(UsageEvent::noteSaved),
+                counted(UsageEvent::tagsSaved)};
+    }
+};
+
+TEST_F(AddingTest, countsTheLinkItsNoteAndItsTagsOnce) {
+    EXPECT_TRUE(add("why", {"one", "two"}));
+    EXPECT_THAT(counts(), ElementsAre(1, 1, 1));
+    EXPECT_TRUE(add("why", {"one", "two"}));
+    EXPECT_THAT(counts(), ElementsAre(1, 1, 1)) << "it is known already";
+}
+
+TEST_F(AddingTest, countsNoNoteAndNoTagsWhereThereAreNone) {
+    EXPECT_TRUE(add("", {" # "}));
+    EXPECT_THAT(counts(), ElementsAre(1, 0, 0));
+}
+
+TEST_F(AddingTest, countsNothingThatCannotBeWritten) {
+    model();
+    breakWrites();
+    EXPECT_FALSE(add("why", {"one"}));
+    EXPECT_THAT(counts(), ElementsAre(0, 0, 0));
+}
+
 } // namespace
 } // namespace brinmoor

@@ -69,6 +69,31 @@ TEST_F(ShortcutsTest, brokenStoredDataGivesTheDefaults) {
     EXPECT_EQ(model().shortcuts(), defaultShortcuts());
 }
 
+constexpr auto olderShortcut = R"({"keyCode":38,"modifiers":768,"character":"J"})";
+
+TEST_F(ShortcutsTest, theOneShortcutOfAnOlderTimeIsTheQuickOnes) {
+    preferences.values["captureShortcut"] = PreferenceData{olderShortcut};
+    auto expected = defaultShortcuts();
+    expected[CaptureAction::quick] = shiftCommandJ;
+    EXPECT_EQ(model().shortcuts(), expected);
+    EXPECT_TRUE(allRegistered());
+    EXPECT_EQ(stored(), std::nullopt);
+}
+
+TEST_F(ShortcutsTest, aBrokenShortcutOfAnOlderTimeGivesTheDefaults) {
+    preferences.values["captureShortcut"] = PreferenceData{R"({"keyCode":38,"modifiers":768})"};
+    EXPECT_EQ(model().shortcuts(), defaultShortcuts());
+}
+
+TEST_F(ShortcutsTest, theShortcutOfAnOlderTimeIsOverOnceThereIsAMap) {
+    preferences.values["captureShortcut"] = PreferenceData{olderShortcut};
+    for (const char* map : {"{}", "broken"}) {
+        preferences.values["captureShortcuts"] = PreferenceData{map};
+        EXPECT_EQ(model().shortcuts(), defaultShortcuts()) << map;
+        endModel();
+    }
+}
+
 TEST_F(ShortcutsTest, aShortcutThatAnotherProgramHoldsIsSaidBesideItsAction) {
     refuse(defaultShortcut(CaptureAction::quick));
     EXPECT_EQ(errorBeside(CaptureAction::quick), "Unavailable. Choose another shortcut.");

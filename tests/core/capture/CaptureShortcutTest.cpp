@@ -159,5 +159,23 @@ TEST(StoredShortcuts, missingOrBrokenDataGivesAllDefaults) {
         EXPECT_EQ(decodeShortcuts(json), defaultShortcuts()) << json;
 }
 
+TEST(OlderShortcut, isTheQuickOneAndTheOthersHaveTheirDefaults) {
+    auto expected = defaultShortcuts();
+    expected[CaptureAction::quick] = {38, 0x300, "J"};
+    EXPECT_EQ(decodeOlderShortcut(R"({"keyCode":38,"modifiers":768,"character":"J"})"), expected);
+}
+
+TEST(OlderShortcut, thatIsNotWholeGivesTheDefaults) {
+    for (const std::string broken :
+         {"", "null", "[]", "\xFF", "{", R"({"modifiers":768,"character":"J"})",
+          R"({"keyCode":38,"character":"J"})", R"({"keyCode":38,"modifiers":768})",
+          R"({"keyCode":-1,"modifiers":768,"character":"J"})",
+          R"({"quick":{"keyCode":38,"modifiers":768,"character":"J"}})"})
+        EXPECT_EQ(decodeOlderShortcut(broken), defaultShortcuts()) << broken;
+    EXPECT_EQ(decodeOlderShortcut(R"({"keyCode":38,"modifiers":768,"character":"J"})" +
+                                  std::string(1 << 20, ' ')),
+              defaultShortcuts());
+}
+
 } // namespace
 } // namespace brinmoor

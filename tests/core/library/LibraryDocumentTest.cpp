@@ -257,6 +257,44 @@ TEST(DecodedLibrary, passesOverUnknownKeysAndReadsTheLastOfARepeatedOne) {
     EXPECT_FALSE(decodeLibrary(R"({"version":1,"links":[],"collections":[],"version":2})").ok());
 }
 
+TEST(DecodedLibrary, passesOverNumbersOfAnySizeUnderUnknownKeys) {
+    const std::string manyDigits(400, '9');
+    for (const std::string& number :
+         {std::string("18446744073709551616"), std::string("-9223372036854775809"),
+          std::string("123456789012345678901234567890"), manyDigits, "-" + manyDigits,
+          manyDigits + ".5e+3", std::string("1e999"), std::string("1E-999")}) {
+        EXPECT_TRUE(decodedWith("later", number).ok()) << number;
+        EXPECT_TRUE(decodedWith("later", "[{\"a\":" + number + "}," + number + "]").ok()) << number;
+    }
+}
+
+TEST(DecodedLibrary, leavesTextsAsTheyAreWhereNumbersAreLarge) {
+    auto members = linkMembers();
+    members["later"] = "123456789012345678901234567890";
+    members["note"] = R"("\\\"1e999 123456789012345678901234567890\\")";
+    const auto decoded = decodeLibrary(documentOf(objectOf(members)));
+    ASSERT_TRUE(decoded.ok());
+    EXPECT_EQ(decoded->links[0].note, "\\\"1e999 123456789012345678901234567890\\");
+}
+
+TEST(DecodedLibrary, takesALargeWholeNumberForAPointInTimeAndNoneThatIsNoNumberThere) {
+    EXPECT_EQ(decodedWith("createdAt", "123456789012345678901")->links[0].createdAt.seconds,
+              123456789012345678901.0);
+    for (const char* key : {"createdAt", "importance", "iconURL", "tags", "title", "isArchived"})
+        EXPECT_EQ(decodedWith(key, "1e999").error().cause, Cause::wrongShape) << key;
+    EXPECT_EQ(decodeLibrary(documentOf("", "123456789012345678901")).error().cause,
+              Cause::unknownVersion);
+}
+
+TEST(DecodedLibrary, refusesNumbersThatAreNone) {
+    const std::string digits = "123456789012345678901234567890";
+    for (const std::string& number :
+         {"0" + digits, digits + ".", digits + "e", digits + "e+", "." + digits, "+" + digits,
+          "--" + digits, digits + "-1", std::string("01e999"), digits + "x", std::string("-"),
+          "- " + digits})
+        EXPECT_EQ(decodedWith("later", number).error().cause, Cause::notJson) << number;
+}
+
 TEST(DecodedLibrary, needsItsThreeKeysAtTheTop) {
     for (const char* text :
          {R"({"version":1,"links":[]})", R"({"version":1,"collections":[]})",
