@@ -8,10 +8,17 @@ namespace brinmoor {
 namespace {
 
 constexpr double decisionDistance = 8;
+/// Of a diagonal movement neither part has to be so long.
+constexpr double diagonalDistance = 6;
 constexpr double horizontalPreference = 1.5;
 constexpr double openOffset = 40;
 constexpr double intentBegin = 140;
 constexpr double intentLength = 70;
+
+bool isDecisive(double across, double along) noexcept {
+    return std::max(across, along) >= decisionDistance ||
+           std::min(across, along) >= diagonalDistance;
+}
 
 double intentProgress(double distance) noexcept {
     // In this order a distance that is no number is no progress.
@@ -25,8 +32,7 @@ void RowSwipe::move(double deltaX, double deltaY) noexcept {
     y += deltaY;
     const double across = std::abs(x);
     const double along = std::abs(y);
-    // The way that the fingers have gone: of a diagonal one, neither part has to be so long.
-    if (axis != Axis::undecided || std::hypot(across, along) < decisionDistance)
+    if (axis != Axis::undecided || !isDecisive(across, along))
         return;
     axis = horizontalPreference * along < across ? Axis::horizontal : Axis::vertical;
 }

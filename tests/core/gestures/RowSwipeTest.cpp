@@ -23,7 +23,7 @@ Axis axisOf(std::initializer_list<std::pair<double, double>> deltas) {
     return swipe.axis;
 }
 
-TEST(RowSwipeMove, decidesAtADistanceOf8) {
+TEST(RowSwipeMove, decidesWhenTheLargerSumIs8) {
     EXPECT_EQ(axisOf({}), Axis::undecided);
     EXPECT_EQ(axisOf({{5, 0}}), Axis::undecided);
     EXPECT_EQ(axisOf({{5, 0}, {4, 0}}), Axis::horizontal);
@@ -32,11 +32,20 @@ TEST(RowSwipeMove, decidesAtADistanceOf8) {
     EXPECT_EQ(axisOf({{-8, 0}}), Axis::horizontal);
     EXPECT_EQ(axisOf({{0, 8}}), Axis::vertical);
     EXPECT_EQ(axisOf({{0, -8}}), Axis::vertical);
-    // 8.5 points, though neither way is 8.
-    EXPECT_EQ(axisOf({{6, 6}}), Axis::vertical);
-    EXPECT_EQ(axisOf({{5.6, 5.6}}), Axis::undecided);
+    // However far the fingers have gone.
+    EXPECT_EQ(axisOf({{7.9, 5.9}}), Axis::undecided);
+    EXPECT_EQ(axisOf({{5.9, -7.9}}), Axis::undecided);
+    EXPECT_EQ(axisOf({{5.9, 5.9}}), Axis::undecided);
     // There and back is no distance.
     EXPECT_EQ(axisOf({{5, 0}, {-5, 0}, {5, 0}}), Axis::undecided);
+}
+
+TEST(RowSwipeMove, decidesOnADiagonalWhenBothSumsAre6) {
+    EXPECT_EQ(axisOf({{6, 6}}), Axis::vertical);
+    EXPECT_EQ(axisOf({{-6, 6}}), Axis::vertical);
+    EXPECT_EQ(axisOf({{3, 3}, {3, 3}}), Axis::vertical);
+    EXPECT_EQ(axisOf({{7.9, 6}}), Axis::vertical);
+    EXPECT_EQ(axisOf({{6, -5.9}}), Axis::undecided);
 }
 
 TEST(RowSwipeMove, isHorizontalOnlyWithALeanOfMoreThan3To2) {
