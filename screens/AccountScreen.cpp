@@ -68,7 +68,8 @@ QString AccountScreen::userEmail() const {
 }
 
 bool AccountScreen::canSignOut() const {
-    return !account_.isBusy();
+    // The first answer isn't waited for: with a slow network that takes a while.
+    return !account_.isBusy() || !account_.account();
 }
 
 void AccountScreen::appear() {

@@ -55,14 +55,28 @@ void SettingsScreen::makeRecorders() {
     };
     for (const CaptureAction action : allCaptureActions) {
         ShortcutRecorderActions actions{
-            .onStart = [this] { model_.suspendShortcuts(); },
+            .onStart =
+                [this, action] {
+                    endRecordings(action);
+                    model_.suspendShortcuts();
+                },
             .onRecord =
                 [configure, action](std::optional<CaptureShortcut> shortcut) {
                     configure(std::move(shortcut), action);
                 },
-            .onReset = [configure, action] { configure(defaultShortcut(action), action); }};
+            .onReset =
+                [this, configure, action] {
+                    endRecordings();
+                    configure(defaultShortcut(action), action);
+                }};
         shortcuts_.append(new ShortcutRecorder(action, std::move(actions), this));
     }
+}
+
+void SettingsScreen::endRecordings(std::optional<CaptureAction> except) {
+    for (ShortcutRecorder* recorder : std::as_const(shortcuts_))
+        if (recorder->captureAction() != except)
+            recorder->cancel();
 }
 
 void SettingsScreen::showShortcuts() {
@@ -210,6 +224,7 @@ void SettingsScreen::previewClipboardOffer() {
 }
 
 void SettingsScreen::applyPreset() {
+    endRecordings();
     model_.applyMemorableShortcuts();
 }
 

@@ -9,6 +9,10 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
+
+// Last, since moc stumbles over <compare> as the first header of the standard library.
+#include "core/capture/CaptureShortcut.h"
 
 Q_MOC_INCLUDE("screens/BrowserAccess.h")
 Q_MOC_INCLUDE("screens/OwnerUsage.h")
@@ -125,6 +129,8 @@ private:
     void follow();
     void makeRecorders();
     void showShortcuts();
+    /// While one recorder records, no hot key is live; two would let them go live in between.
+    void endRecordings(std::optional<CaptureAction> except = {});
     void sectionChanged();
     struct ArchiveQuestion;
     void askToArchive(std::unique_ptr<ArchiveQuestion> question);

@@ -176,6 +176,33 @@ TEST_F(SettingsScreenTest, resetPutsTheDefaultBack) {
     EXPECT_EQ(screen().shortcut(1)->title(), u"⌥⌘K"_qs);
 }
 
+TEST_F(SettingsScreenTest, whatElseChangesAShortcutEndsARecordingFirst) {
+    screen();
+    const std::size_t all = hotKeys.registered.size();
+    ASSERT_EQ(all, 6U);
+    const std::function<void()> others[] = {[&] { screen().shortcut(1)->reset(); },
+                                            [&] { screen().applyPreset(); }};
+    for (const auto& change : others) {
+        screen().shortcut(0)->press();
+        ASSERT_TRUE(screen().shortcut(0)->isRecording());
+        EXPECT_TRUE(hotKeys.registered.empty());
+        change();
+        EXPECT_FALSE(screen().shortcut(0)->isRecording());
+        EXPECT_EQ(hotKeys.registered.size(), all);
+    }
+    EXPECT_EQ(screen().shortcut(1)->title(), u"⇧⌘N"_qs);
+}
+
+TEST_F(SettingsScreenTest, onlyOneRecorderRecordsAndNoHotKeyIsLiveMeanwhile) {
+    screen().shortcut(0)->press();
+    screen().shortcut(1)->press();
+    EXPECT_FALSE(screen().shortcut(0)->isRecording());
+    EXPECT_TRUE(screen().shortcut(1)->isRecording());
+    EXPECT_TRUE(hotKeys.registered.empty());
+    screen().shortcut(1)->cancel();
+    EXPECT_EQ(hotKeys.registered.size(), 6U);
+}
+
 TEST_F(SettingsScreenTest, theSettingsOpenOnTheirFirstTab) {
     model().setSection(AppSection::settings);
     screen().setTab(SettingsScreen::Tab::Library);
@@ -401,15 +428,45 @@ TEST_F(AccountScreenTest, beforeTheFirstAnswerTheAddressIsEmptyAndSignOutWorks) 
     EXPECT_FALSE(account->hasLogin());
 }
 
+TEST_F(AccountScreenTest, signingOutDuringTheFirstRefreshHoldsAgainstItsAnswer) {
+    secrets.items[{"app.brinmoor.mac.account", "access-token"}] = std::string(43, 'a');
+    open();
+    account->appear();
+    settle();
+    ASSERT_TRUE(model().account().isBusy());
+    ASSERT_TRUE(account->canSignOut());
+    const auto call = http.calls.back();
+    account->signOut();
+    EXPECT_FALSE(account->hasLogin());
+    EXPECT_FALSE(model().account().isBusy());
+    if (call->isOpen())
+        call->answer(200, accountBody("ada@example.org"));
+    settle();
+    EXPECT_FALSE(account->hasLogin());
+    EXPECT_EQ(account->userEmail(), QString());
+    EXPECT_EQ(account->message(), QString());
+    EXPECT_FALSE(secrets.items.contains({"app.brinmoor.mac.account", "access-token"}));
+}
+
 TEST_F(AccountScreenTest, whoIsSignedInIsShownOnceTheScreenAppears) {
     secrets.items[{"app.brinmoor.mac.account", "access-token"}] = std::string(43, 'a');
     open();
     account->appear();
     settle();
-    EXPECT_FALSE(account->canSignOut());
     answer("api/account", accountBody("ada@example.org"));
     EXPECT_EQ(account->userName(), u"Ada"_qs);
     EXPECT_EQ(account->userEmail(), u"ada@example.org"_qs);
+    EXPECT_TRUE(account->canSignOut());
+}
+
+TEST_F(AccountScreenTest, aLaterRefreshIsWaitedForBeforeSigningOut) {
+    signedIn("ada@example.org");
+    open();
+    EXPECT_TRUE(account->canSignOut());
+    account->appear();
+    settle();
+    EXPECT_FALSE(account->canSignOut());
+    answer("api/account", accountBody("ada@example.org"));
     EXPECT_TRUE(account->canSignOut());
 }
 

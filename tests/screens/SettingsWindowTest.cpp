@@ -148,16 +148,20 @@ TEST_F(SettingsWindowTest, escapeCancelsAndRegistersEverythingAgain) {
 
 TEST_F(SettingsWindowTest, whatIsNoShortcutIsRefusedWithAHintAndTheRecordingGoesOn) {
     openTab(Tab::Capture);
-    startRecording();
     const std::pair<std::uint32_t, std::vector<std::string_view>> refused[] = {
         {keyJ, {"Shift"}}, {Key::enter, {"Super"}}, {keyF5, {"Ctrl"}}, {keyJ, {}}};
     for (const auto& [key, held] : refused) {
+        startRecording();
+        ASSERT_EQ(recorder(0).title(), u"Press shortcut…"_qs);
         desktop.press(key, held);
-        ASSERT_TRUE(waitUntil([&] { return recorder(0).title() == u"Use ⌘, ⌥, or ⌃ + a key"_qs; }));
+        ASSERT_TRUE(waitUntil([&] { return recorder(0).title() == u"Use ⌘, ⌥, or ⌃ + a key"_qs; }))
+            << key;
         EXPECT_TRUE(recorder(0).isRecording());
+        desktop.press(Key::escape);
+        ASSERT_TRUE(waitUntil([&] { return !recorder(0).isRecording(); }));
     }
-    desktop.press(Key::escape);
-    ASSERT_TRUE(waitUntil([&] { return !recorder(0).isRecording(); }));
+    EXPECT_EQ(model().shortcuts(), defaultShortcuts());
+    EXPECT_FALSE(preferences.values.contains("captureShortcuts"));
 }
 
 TEST_F(SettingsWindowTest, theSpaceBarIsCalledSpace) {
