@@ -71,6 +71,7 @@ T.Button {
         MenuEntry {
             text: control.search.sectionTitle
             checkable: true
+            autoExclusive: true
             checked: !control.search.everywhere
             onTriggered: control.search.everywhere = false
         }
@@ -78,6 +79,7 @@ T.Button {
             id: everywhere
             text: Wording.words("Everywhere")
             checkable: true
+            autoExclusive: true
             checked: control.search.everywhere
             Accessible.description: everywhereTip.text
             onTriggered: control.search.everywhere = true

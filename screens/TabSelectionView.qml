@@ -16,8 +16,11 @@ Rectangle {
     Accessible.role: Accessible.Form
     Accessible.name: heading.text
 
+    // By keys, so that a button with the keyboard is pressed instead.
+    Keys.onReturnPressed: view.tabs.save()
+    Keys.onEnterPressed: view.tabs.save()
     Shortcut {
-        sequences: ["Return", "Enter", "Ctrl+Return", "Ctrl+Enter"]
+        sequences: ["Ctrl+Return", "Ctrl+Enter"]
         onActivated: view.tabs.save()
     }
     Shortcut {

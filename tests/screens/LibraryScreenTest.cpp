@@ -73,6 +73,23 @@ TEST_F(LibraryScreenTest, theScopeMenuHoldsASearchToTheSection) {
     EXPECT_TRUE(appears(u"ScopeButton"_qs, u"Library"_qs));
 }
 
+TEST_F(LibraryScreenTest, theChosenScopeKeepsItsMarkWhenItIsChosenAgain) {
+    openLibrary();
+    for (const QString& scope : {u"Everywhere"_qs, u"Library"_qs, u"Library"_qs}) {
+        clickOn(u"ScopeButton"_qs);
+        clickOn(u"MenuEntry"_qs, scope);
+        ASSERT_TRUE(disappears(u"MenuEntry"_qs));
+        ASSERT_TRUE(appears(u"ScopeButton"_qs, scope));
+        clickOn(u"ScopeButton"_qs);
+        ASSERT_TRUE(appears(u"MenuEntry"_qs, scope));
+        for (const QString& entry : {u"Everywhere"_qs, u"Library"_qs})
+            EXPECT_EQ(seen(u"MenuEntry"_qs, entry)->property("checked").toBool(), entry == scope)
+                << entry.toStdString();
+        desktop.press(Key::escape);
+        ASSERT_TRUE(disappears(u"MenuEntry"_qs));
+    }
+}
+
 TEST_F(LibraryScreenTest, theFiltersShowTheirSections) {
     openLibrary();
     clickOn(u"Pill"_qs, u"Archive"_qs);
@@ -163,6 +180,16 @@ TEST_F(LibraryScreenTest, theTourIsOfferedUntilItIsCompleted) {
     model().completeOnboarding();
     EXPECT_FALSE(screen().offersTour());
     EXPECT_TRUE(disappears(u"Banner"_qs));
+}
+
+TEST_F(LibraryScreenTest, continueInTheBannerShowsTheTour) {
+    preferences.set("hasCompletedOnboarding", std::nullopt);
+    openLibrary();
+    model().setShowingOnboarding(false);
+    ASSERT_TRUE(disappears(u"OnboardingSheet"_qs));
+    clickOn(u"PrimaryButton"_qs, u"Continue"_qs);
+    EXPECT_TRUE(waitUntil([&] { return model().isShowingOnboarding(); }));
+    EXPECT_TRUE(appears(u"OnboardingSheet"_qs));
 }
 
 TEST_F(LibraryScreenTest, theListIsOneStopOfTheKeyboard) {

@@ -25,6 +25,19 @@ protected:
     [[nodiscard]] bool selectedBecome(std::size_t count) {
         return waitUntil([&] { return model().tabSelection()->selected.size() == count; });
     }
+    /// Moves the keyboard to the button with this text.
+    [[nodiscard]] bool goTo(const QString& text) {
+        const auto focused = [&] { return viewOf(*panel).activeFocusItem(); };
+        for (int tabs = 0; tabs < 8; ++tabs) {
+            if (focused()->property("text").toString() == text)
+                return true;
+            const QQuickItem* before = focused();
+            desktop.press(Key::tab);
+            if (!waitUntil([&] { return focused() && focused() != before; }))
+                return false;
+        }
+        return false;
+    }
     QQuickItem* shown(const QString& type, const QString& text) {
         return itemOf(viewOf(*panel).rootObject(), type, text);
     }
@@ -67,6 +80,28 @@ TEST_F(TabSelectionPanelTest, turnsTheUserToTheProgramAndIsStillThereWhenItIsAsk
     desktop.press(Key::escape);
     ASSERT_TRUE(waitUntil([&] { return closed == 1; }));
     EXPECT_TRUE(wasActive);
+}
+
+TEST_F(TabSelectionPanelTest, enterOnAButtonPressesIt) {
+    open(3);
+    ASSERT_TRUE(goTo(u"Select none"_qs));
+    desktop.press(Key::enter);
+    ASSERT_TRUE(selectedBecome(0));
+    ASSERT_TRUE(goTo(u"Select all"_qs));
+    desktop.press(Key::enter);
+    ASSERT_TRUE(selectedBecome(3));
+    ASSERT_TRUE(goTo(u"Cancel"_qs));
+    desktop.press(Key::enter);
+    ASSERT_TRUE(waitUntil([&] { return closed == 1; }));
+    EXPECT_TRUE(titles().empty());
+}
+
+TEST_F(TabSelectionPanelTest, controlAndEnterSaveFromAnywhere) {
+    open(2);
+    ASSERT_TRUE(goTo(u"Cancel"_qs));
+    desktop.press(Key::enter, {"Ctrl"});
+    ASSERT_TRUE(waitUntil([&] { return selectionsClosed == 1; }));
+    EXPECT_EQ(titles().size(), 2U);
 }
 
 TEST_F(TabSelectionPanelTest, escapeCancels) {

@@ -91,15 +91,33 @@ TEST_P(ThemeTest, everyTextIsReadableOnEveryGroundItStandsOn) {
     }
 }
 
-TEST_P(ThemeTest, theBaseColoursAreThoseOfThePalette) {
-    const auto palette = [](const AdaptiveColour& adaptive) {
-        const Colour& c = adaptive.in(GetParam());
-        return QColor::fromRgbF(float(c.red), float(c.green), float(c.blue)).name();
-    };
-    EXPECT_EQ(color("paper").name(), palette(Palette::paper));
-    EXPECT_EQ(color("sage").name(), palette(Palette::sage));
-    EXPECT_EQ(color("line").name(), palette(Palette::line));
-    EXPECT_EQ(color("rust").name(), palette(Palette::rust));
+struct BaseColour {
+    const char* name;
+    const AdaptiveColour& inPalette;
+    AdaptiveColour expected;
+};
+
+const BaseColour baseColours[]{
+    {"paper", Palette::paper, {{0.98, 0.976, 0.965}, {0.075, 0.079, 0.083}}},
+    {"sidebar", Palette::sidebar, {{0.949, 0.949, 0.925}, {0.095, 0.101, 0.108}}},
+    {"surface", Palette::surface, {{0.994, 0.993, 0.99}, {0.115, 0.122, 0.13}}},
+    {"raised", Palette::raised, {{1, 1, 1}, {0.145, 0.154, 0.165}}},
+    {"ink", Palette::ink, {{0.16, 0.18, 0.15}, {0.94, 0.95, 0.95}}},
+    {"sage", Palette::sage, {{0.32, 0.39, 0.26}, {0.23, 0.82, 0.63}}},
+    {"muted", Palette::muted, {{0.46, 0.49, 0.42}, {0.62, 0.65, 0.68}}},
+    {"line", Palette::line, {{0.88, 0.89, 0.85}, {0.22, 0.24, 0.26}}},
+    {"onAccent", Palette::onAccent, {{1, 1, 1}, {0.075, 0.079, 0.083}}},
+};
+
+TEST_P(ThemeTest, theBaseColoursAreTheseInThePaletteAndOnTheScreen) {
+    for (const BaseColour& each : baseColours) {
+        const Colour& expected = each.expected.in(GetParam());
+        EXPECT_EQ(each.inPalette.in(GetParam()), expected) << each.name;
+        const QColor onScreen =
+            QColor::fromRgbF(float(expected.red), float(expected.green), float(expected.blue));
+        EXPECT_EQ(color(each.name).name(), onScreen.name()) << each.name;
+        EXPECT_EQ(color(each.name).alpha(), 255) << each.name;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(BothThemes, ThemeTest,
