@@ -1,12 +1,14 @@
 #include "screens/QuickFileDialogs.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace brinmoor {
@@ -18,6 +20,18 @@ const auto component = QStringLiteral("qrc:/qt-project.org/imports/Brinmoor/Back
 
 QUrl documents() {
     return QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+bool holdsDrawnDialog(const QWindow* window) {
+    return std::ranges::any_of(window->children(), [](const QObject* part) {
+        return part->inherits("QQuickFileDialogImpl");
+    });
+}
+
+/// Whether it is Qt that draws the dialogs. The desktops' own ask by themselves before a file is
+/// replaced.
+bool areDrawn() {
+    return std::ranges::any_of(QGuiApplication::allWindows(), holdsDrawnDialog);
 }
 
 } // namespace
@@ -58,13 +72,27 @@ void QuickFileDialogs::show(const QVariantMap& properties, Chosen chosen) {
     if (auto* owner = qobject_cast<QQuickWindow*>(QGuiApplication::focusWindow()))
         dialog_->setProperty("owner", QVariant::fromValue(owner));
     // Signals of a QML type have no address.
+    connect(dialog_.get(), SIGNAL(chosen(QUrl)), this, SLOT(look(QUrl)));
     connect(dialog_.get(), SIGNAL(answered(QUrl)), this, SLOT(accept(QUrl)));
     connect(dialog_.get(), SIGNAL(cancelled()), this, SLOT(cancel()));
     QMetaObject::invokeMethod(dialog_.get(), "ask");
 }
 
+bool QuickFileDialogs::mustAskToReplace(const QUrl& file) const {
+    return dialog_->property("fileMode").toInt() == saveFile && areDrawn() &&
+           QFileInfo::exists(file.toLocalFile());
+}
+
+void QuickFileDialogs::look(const QUrl& file) {
+    if (mustAskToReplace(file))
+        QMetaObject::invokeMethod(dialog_.get(), "askToReplace", Q_ARG(QString, file.fileName()));
+    else
+        accept(file);
+}
+
 void QuickFileDialogs::accept(const QUrl& file) {
-    end(file.toLocalFile().toStdString());
+    // What isn't on this computer has no path.
+    end(file.isLocalFile() ? std::optional(file.toLocalFile().toStdString()) : std::nullopt);
 }
 
 void QuickFileDialogs::cancel() {

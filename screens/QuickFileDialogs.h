@@ -27,6 +27,7 @@ public:
     [[nodiscard]] QObject* open() const noexcept { return dialog_.get(); }
 
 private Q_SLOTS:
+    void look(const QUrl& file);
     void accept(const QUrl& file);
     void cancel();
 
@@ -36,6 +37,7 @@ private:
     };
 
     void show(const QVariantMap& properties, Chosen chosen);
+    [[nodiscard]] bool mustAskToReplace(const QUrl& file) const;
     void end(std::optional<std::string> path);
 
     QQmlEngine& engine_;
