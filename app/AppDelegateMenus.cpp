@@ -123,7 +123,7 @@ void AppDelegate::openTabSearch() {
 
 void AppDelegate::addLink() {
     openLibrary();
-    afterThis([this] { model_->setShowingAdd(true); });
+    afterThis([this] { model_->presentAdd(); });
 }
 
 void AppDelegate::focusSearch() {

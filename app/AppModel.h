@@ -232,6 +232,9 @@ public:
     void endSharing();
     [[nodiscard]] bool isShowingAdd() const noexcept { return showingAdd_; }
     void setShowingAdd(bool showing);
+    /// Opens the add sheet. Nothing happens while another sheet stands: what is typed there comes
+    /// first.
+    void presentAdd();
     [[nodiscard]] bool isShowingOnboarding() const noexcept { return showingOnboarding_; }
     [[nodiscard]] bool onboardingCompleted() const noexcept { return onboardingCompleted_; }
     void completeOnboarding();

@@ -2,6 +2,7 @@
 
 #include "app/AppModel.h"
 
+#include "app/TabCleanup.h"
 #include "platform/Preferences.h"
 
 #include <algorithm>
@@ -83,6 +84,13 @@ void AppModel::setShowingAdd(bool showing) {
         return;
     showingAdd_ = showing;
     Q_EMIT sheetsChanged();
+}
+
+void AppModel::presentAdd() {
+    const bool isCovered =
+        selected() || sharingLink_ || tabCleanup_->cleanupReview() || showingOnboarding_;
+    if (!isCovered)
+        setShowingAdd(true);
 }
 
 std::string AppModel::onboardingKey() const {

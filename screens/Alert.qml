@@ -24,7 +24,7 @@ Overlay {
 
     onShownChanged: {
         if (shown)
-            (alert.destructive ? cancel : confirm).forceActiveFocus(Qt.PopupFocusReason);
+            alert.enter(alert.destructive ? cancel : confirm);
     }
 
     Column {

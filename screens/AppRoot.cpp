@@ -77,7 +77,7 @@ void AppRoot::searchTabs() {
 }
 
 void AppRoot::addLink() {
-    model_.setShowingAdd(true);
+    model_.presentAdd();
 }
 
 QString AppRoot::error() const {

@@ -9,14 +9,17 @@ Rectangle {
     required property AppRoot screen
     required property ShellMenus menus
 
-    readonly property bool underSheet: screen.add.isShown || screen.detail.isShown
-                                       || screen.onboarding.shown
-                                       || screen.emailShare.isShown || screen.cleanupReview.isShown
-    readonly property bool underAlert: alert.shown || emptyArchive.shown || archiveAll.shown
-                                       || screen.tags.asksForRemoval
-    readonly property bool covered: underSheet || underAlert
+    /// A sheet or an alert stands above the sections. Of those that stand, the last one below has
+    /// the keyboard.
+    readonly property bool covered: emptyArchive.shown || emptyArchive.covered
 
     color: Theme.paper
+
+    // What a gesture had begun doesn't end as an action under a sheet.
+    onCoveredChanged: {
+        if (covered)
+            root.screen.library.commands.endSwipe();
+    }
 
     MainMenu {
         id: mainMenu
@@ -36,6 +39,7 @@ Rectangle {
             view: "LibraryView"
             screen: root.screen.library
             shown: root.screen.section === "library"
+            covered: root.covered
             kept: true
         }
         Section {
@@ -45,6 +49,7 @@ Rectangle {
             view: "TagsView"
             screen: root.screen.tags
             shown: root.screen.section === "tags"
+            covered: root.covered
         }
         Section {
             anchors.left: rail.right
@@ -53,6 +58,7 @@ Rectangle {
             view: "AccountView"
             screen: root.screen.account
             shown: root.screen.section === "account"
+            covered: root.covered
         }
         Section {
             anchors.left: rail.right
@@ -61,6 +67,7 @@ Rectangle {
             view: "SettingsView"
             screen: root.screen.settings
             shown: root.screen.section === "settings"
+            covered: root.covered
         }
         Rail {
             id: rail
@@ -76,46 +83,56 @@ Rectangle {
     EmptyArchiveAlert {
         id: emptyArchive
         screen: root.screen.library
+        covered: tagRemoval.shown || tagRemoval.covered
+        focus: shown && !covered
     }
     SheetPlace {
+        id: tagRemoval
         view: "TagRemovalAlert"
         screen: root.screen.tags
         shown: root.screen.tags.asksForRemoval
-        covered: alert.shown
+        covered: add.shown || add.covered
     }
     SheetPlace {
+        id: add
         view: "AddSheet"
         screen: root.screen.add
         shown: root.screen.add.isShown
-        covered: alert.shown
+        covered: detail.shown || detail.covered
     }
     SheetPlace {
+        id: detail
         view: "DetailSheet"
         screen: root.screen.detail
         shown: root.screen.detail.isShown
-        covered: alert.shown
+        covered: email.shown || email.covered
     }
     SheetPlace {
+        id: email
         view: "EmailShareSheet"
         screen: root.screen.emailShare
         shown: root.screen.emailShare.isShown
-        covered: alert.shown
+        covered: cleanup.shown || cleanup.covered
     }
     SheetPlace {
+        id: cleanup
         view: "CleanupReviewSheet"
         screen: root.screen.cleanupReview
         shown: root.screen.cleanupReview.isShown
-        covered: alert.shown
+        covered: tour.shown || tour.covered
     }
     SheetPlace {
+        id: tour
         view: "OnboardingSheet"
         screen: root.screen.onboarding
         shown: root.screen.onboarding.shown
-        covered: alert.shown
+        covered: archiveAll.shown || archiveAll.covered
     }
     ArchiveAllAlert {
         id: archiveAll
         screen: root.screen.settings
+        covered: alert.shown
+        focus: shown && !covered
     }
     ErrorAlert {
         id: alert

@@ -8,6 +8,8 @@ FocusScope {
     id: view
 
     required property DetailForm screen
+    /// Something stands above the sheet and has the keyboard.
+    property bool covered: false
 
     anchors.fill: parent
 
@@ -23,6 +25,7 @@ FocusScope {
 
         cardWidth: 500
         focus: !confirm.shown
+        covered: view.covered || confirm.shown
         shown: view.screen.isShown
         title: domain.text
         first: titleField
@@ -148,11 +151,6 @@ FocusScope {
             text: view.screen.title
             Accessible.name: titleLabel.text
             onTextEdited: view.screen.title = text
-            // A long title shows its beginning.
-            onActiveFocusChanged: {
-                if (!activeFocus)
-                    cursorPosition = 0;
-            }
         }
         Item {
             width: 1
@@ -201,6 +199,7 @@ FocusScope {
 
         cardWidth: 380
         focus: shown
+        covered: view.covered
         shown: view.screen.confirmingDelete
         title: Wording.words("Delete this link?")
         message: Wording.words("This permanently removes the link and its note from Brinmoor.")

@@ -23,15 +23,23 @@ Sheet {
     }
 
     leftButtons: Item {
-        width: copy.width
+        width: 120
         height: copy.height
 
         TextButton {
             id: copy
             // Its words stand at the sheet's edge.
             x: -15
-            text: Wording.words("Copy email text")
-            onClicked: sheet.screen.copyText()
+            text: copied.running ? Wording.words("Copied") : Wording.words("Copy email text")
+            onClicked: {
+                sheet.screen.copyText();
+                copied.restart();
+            }
+
+            Timer {
+                id: copied
+                interval: 1600
+            }
         }
     }
     buttons: [

@@ -12,6 +12,9 @@ T.TextField {
     /// What to type here, while nothing is.
     property string hint
 
+    /// A text too long to be seen whole says so, while nobody writes in it.
+    readonly property bool shortened: !activeFocus && contentWidth > width - leftPadding - rightPadding
+
     implicitHeight: 38
     leftPadding: 12
     rightPadding: 12
@@ -20,7 +23,7 @@ T.TextField {
     hoverEnabled: true
     opacity: enabled ? 1 : 0.4
     verticalAlignment: TextInput.AlignVCenter
-    color: Theme.ink
+    color: shortened ? "transparent" : Theme.ink
     font: Theme.fieldText
     selectionColor: Theme.selection
     selectedTextColor: Theme.ink
@@ -37,6 +40,15 @@ T.TextField {
         place: control.cursorPosition
     }
 
+    PlainText {
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        height: control.height
+        visible: control.shortened
+        text: control.text
+        font: control.font
+        Accessible.ignored: true
+    }
     PlainText {
         x: control.leftPadding
         width: control.width - control.leftPadding - control.rightPadding

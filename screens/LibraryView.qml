@@ -7,8 +7,12 @@ FocusScope {
 
     required property LibraryScreen screen
 
+    /// Something stands above the window's section and has the keyboard.
+    readonly property bool covered: (parent as Section)?.covered ?? false
+
     function focusSearch() {
-        header.searchField.enter();
+        if (!covered)
+            header.searchField.enter();
     }
 
     Connections {

@@ -71,4 +71,8 @@ void LinkCommands::beginSwipe(const QString& link) {
         model_.setSwipedLinkID(found->id);
 }
 
+void LinkCommands::endSwipe() {
+    model_.setSwipedLinkID(std::nullopt);
+}
+
 } // namespace brinmoor

@@ -36,6 +36,8 @@ public:
     [[nodiscard]] QString swipedLink() const;
     /// A swipe of this row begins: every other one closes.
     Q_INVOKABLE void beginSwipe(const QString& link);
+    /// Every row closes, and a gesture that is under way does nothing more.
+    Q_INVOKABLE void endSwipe();
 
 Q_SIGNALS:
     void swipedLinkChanged();

@@ -21,11 +21,11 @@ Overlay {
 
     Component.onCompleted: {
         if (shown)
-            goOn.forceActiveFocus(Qt.PopupFocusReason);
+            sheet.enter(goOn);
     }
     onShownChanged: {
         if (shown)
-            goOn.forceActiveFocus(Qt.PopupFocusReason);
+            sheet.enter(goOn);
     }
     onCancelled: sheet.screen.dismiss()
     Keys.onLeftPressed: sheet.screen.goBack()
@@ -145,7 +145,7 @@ Overlay {
             text: Wording.words("Back")
             onClicked: {
                 sheet.screen.goBack();
-                goOn.forceActiveFocus(Qt.PopupFocusReason);
+                sheet.enter(goOn);
             }
 
             contentItem: ButtonLabel {

@@ -8,6 +8,8 @@ FocusScope {
     id: overlay
 
     property bool shown: false
+    /// Something stands above it and has the keyboard.
+    property bool covered: false
     property int cardWidth: 412
     property real cardHeight: 0
     default property alias content: card.data
@@ -20,8 +22,16 @@ FocusScope {
     opacity: shown ? 1 : 0
 
     onShownChanged: {
-        if (shown)
+        if (shown && !covered)
             overlay.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    // Gives the keyboard to an item of the card: now, or when nothing stands above it any more.
+    function enter(item: Item) {
+        if (covered)
+            item.focus = true;
+        else
+            item.forceActiveFocus(Qt.PopupFocusReason);
     }
 
     Behavior on opacity {

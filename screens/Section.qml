@@ -10,6 +10,8 @@ Loader {
     required property QtObject screen
     property bool shown: false
     property bool kept: false
+    /// Something stands above the section and has the keyboard.
+    property bool covered: false
 
     readonly property bool wanted: shown || (kept && item !== null)
 
@@ -20,7 +22,7 @@ Loader {
     Component.onCompleted: section.follow()
     onWantedChanged: section.follow()
     onShownChanged: {
-        if (shown)
+        if (shown && !covered)
             section.forceActiveFocus(Qt.OtherFocusReason);
     }
     onLoaded: item.focus = true

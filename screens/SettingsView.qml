@@ -169,5 +169,6 @@ FocusScope {
         view: "BrowserAccessView"
         screen: view.screen
         shown: view.screen.showsBrowserAccess
+        covered: (view.parent as Section)?.covered ?? false
     }
 }

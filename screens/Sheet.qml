@@ -29,7 +29,7 @@ Overlay {
         if (shown) {
             body.contentY = 0;
             if (first)
-                first.forceActiveFocus(Qt.OtherFocusReason);
+                sheet.enter(first);
         }
     }
 

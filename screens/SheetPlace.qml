@@ -18,8 +18,15 @@ Loader {
     onShownChanged: place.follow()
     onLoaded: item.focus = true
 
+    Binding {
+        target: place.item
+        property: "covered"
+        value: place.covered
+        when: place.item !== null
+    }
+
     function follow() {
         if (place.shown && !place.item)
-            place.setSource(Qt.resolvedUrl(place.view + ".qml"), {screen: place.screen});
+            place.setSource(Qt.resolvedUrl(place.view + ".qml"), {screen: place.screen, covered: place.covered});
     }
 }

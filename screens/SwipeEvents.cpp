@@ -49,10 +49,22 @@ QDeadlineTimer& stream() {
     return end;
 }
 
+/// Whether the last gesture was a swipe. Its momentum goes to whatever row is under the pointer by
+/// then, and no list is to scroll by it, so all rows share this too.
+bool& swallowsMomentum() {
+    static bool swallows = false;
+    return swallows;
+}
+
 bool beginsStream() {
     const bool begins = stream().hasExpired();
     stream().setRemainingTime(SwipeEvents::idleGap);
     return begins;
+}
+
+bool beginsGesture(const ScrollStep& step) {
+    return step.phase == ScrollStep::Phase::none ? beginsStream()
+                                                 : step.phase == ScrollStep::Phase::began;
 }
 
 } // namespace
@@ -65,6 +77,8 @@ ScrollStep ScrollStep::of(const QWheelEvent& event) {
 
 SwipeEvents::SwipeEvents(QQuickItem* parent) : QQuickItem(parent) {
     setAcceptedMouseButtons(Qt::LeftButton);
+    // A push may begin on a button of the row.
+    setFiltersChildMouseEvents(true);
 }
 
 void SwipeEvents::setOffset(double offset) {
@@ -117,20 +131,20 @@ bool SwipeEvents::scroll(const ScrollStep& step) {
     if (!step.isPrecise)
         return false;
     if (step.phase == ScrollStep::Phase::momentum)
-        return consumed_;
-    if (step.phase == ScrollStep::Phase::none) {
-        if (beginsStream())
-            begin();
-        if (tracking_)
-            idle_.start(idleGap, this);
-    } else if (step.phase == ScrollStep::Phase::began) {
+        return swallowsMomentum();
+    if (beginsGesture(step)) {
+        swallowsMomentum() = false;
         begin();
     }
     if (!tracking_)
         return false;
+    if (step.phase == ScrollStep::Phase::none)
+        idle_.start(idleGap, this);
     if (step.phase == ScrollStep::Phase::ended)
         return end(End::finished);
-    return move(step.x, step.y);
+    const bool taken = move(step.x, step.y);
+    swallowsMomentum() |= taken;
+    return taken;
 }
 
 void SwipeEvents::changed(double x) {
@@ -191,10 +205,40 @@ void SwipeEvents::wheelEvent(QWheelEvent* event) {
     event->setAccepted(scroll(ScrollStep::of(*event)));
 }
 
-void SwipeEvents::mousePressEvent(QMouseEvent* event) {
-    pointer_ = event->scenePosition();
-    tapCounts_ = true;
+void SwipeEvents::press(const QMouseEvent& event) {
+    pointer_ = event.scenePosition();
     begin();
+}
+
+bool SwipeEvents::drag(const QMouseEvent& event) {
+    if (!tracking_)
+        return false;
+    const QPointF moved = event.scenePosition() - pointer_;
+    pointer_ = event.scenePosition();
+    return move(moved.x(), moved.y());
+}
+
+bool SwipeEvents::childMouseEventFilter(QQuickItem*, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        tapCounts_ = false;
+        if (static_cast<const QMouseEvent&>(*event).button() == Qt::LeftButton)
+            press(static_cast<const QMouseEvent&>(*event));
+    } else if (event->type() == QEvent::MouseButtonRelease) {
+        tracking_ = false;
+    } else if (event->type() == QEvent::MouseMove) {
+        // Pushed aside, the row takes the pointer, and what was pressed is let go unclicked.
+        if (drag(static_cast<const QMouseEvent&>(*event))) {
+            setKeepMouseGrab(true);
+            grabMouse();
+            return true;
+        }
+    }
+    return false;
+}
+
+void SwipeEvents::mousePressEvent(QMouseEvent* event) {
+    tapCounts_ = true;
+    press(*event);
 }
 
 void SwipeEvents::mouseDoubleClickEvent(QMouseEvent*) {
@@ -202,19 +246,16 @@ void SwipeEvents::mouseDoubleClickEvent(QMouseEvent*) {
 }
 
 void SwipeEvents::mouseMoveEvent(QMouseEvent* event) {
-    if (!tracking_)
-        return;
-    const QPointF moved = event->scenePosition() - pointer_;
-    pointer_ = event->scenePosition();
     // The list takes a pointer that goes up or down; one that goes sideways stays here.
-    if (move(moved.x(), moved.y()))
+    if (drag(*event))
         setKeepMouseGrab(true);
 }
 
 void SwipeEvents::mouseReleaseEvent(QMouseEvent*) {
     setKeepMouseGrab(false);
     const bool wasTracking = tracking_;
-    if (!end(End::finished) && wasTracking && tapCounts_ &&
+    // A row that was closed meanwhile does nothing more.
+    if (wasTracking && !end(End::finished) && tapCounts_ &&
         gesture_.axis == RowSwipe::Axis::undecided)
         Q_EMIT tapped();
     consumed_ = false;

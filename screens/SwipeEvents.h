@@ -74,6 +74,7 @@ Q_SIGNALS:
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
+    bool childMouseEventFilter(QQuickItem* child, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -88,6 +89,9 @@ private:
     void begin();
     bool move(double x, double y);
     bool end(End how);
+    void press(const QMouseEvent& event);
+    /// True when the row follows the pointer.
+    bool drag(const QMouseEvent& event);
     void changed(double x);
     void ended(End how);
 

@@ -14,6 +14,8 @@ Item {
     required property string draft
     /// The keyboard is on the list and on this row.
     required property bool current
+    /// Something stands above the list and has the keyboard.
+    required property bool covered
 
     readonly property bool showsButtons: !editing && (pointer.hovered || current)
 
@@ -31,6 +33,11 @@ Item {
 
     Component.onCompleted: row.enter()
     onEditingChanged: row.enter()
+    // The list gives the keyboard to its present row.
+    onActiveFocusChanged: {
+        if (activeFocus)
+            row.enter();
+    }
     onCurrentChanged: {
         if (!current) {
             rename.focus = false;
@@ -41,8 +48,15 @@ Item {
     function enter() {
         if (!row.editing)
             return;
-        input.forceActiveFocus(Qt.OtherFocusReason);
-        input.selectAll();
+        if (row.covered)
+            input.focus = true;
+        else
+            input.forceActiveFocus(Qt.OtherFocusReason);
+        // A row that is made anew, since the library has changed, goes on where it was.
+        if (row.draft === row.name)
+            input.selectAll();
+        else
+            input.cursorPosition = input.length;
     }
 
     HoverHandler {

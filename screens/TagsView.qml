@@ -13,6 +13,9 @@ FocusScope {
     readonly property real columnLeft: Theme.columnLeft(width)
     readonly property real columnWidth: Theme.columnWidth(width)
 
+    /// Something stands above the window's section and has the keyboard.
+    readonly property bool covered: (parent as Section)?.covered ?? false
+
     Accessible.role: Accessible.Pane
     Accessible.name: heading.text
 
@@ -143,6 +146,7 @@ FocusScope {
             width: ListView.view.width
             editing: index === view.screen.editingRow
             draft: view.screen.draft
+            covered: view.covered
             current: list.activeFocus && list.byKeyboard && ListView.isCurrentItem
             onSelected: view.screen.select(index)
             onRenameWanted: view.screen.beginRename(index)

@@ -127,6 +127,7 @@ TEST_F(MenusTest, theTabSearchOpensEmptyAndFreshAndIsMadeOnce) {
 }
 
 TEST_F(MenusTest, addingALinkShowsTheLibraryFirst) {
+    shellModel().setShowingOnboarding(false);
     entry("Add a link…").run();
     EXPECT_EQ(panels.log.back(), "key library");
     EXPECT_FALSE(shellModel().isShowingAdd());

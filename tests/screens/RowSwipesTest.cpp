@@ -1,5 +1,6 @@
 #include "tests/screens/LibraryDesk.h"
 
+#include "screens/SwipeEvents.h"
 #include "tests/icons/TestPictures.h"
 
 #include <QTest>
@@ -138,6 +139,55 @@ TEST_F(RowSwipesTest, aSwipeUnderASheetIsIgnored) {
     EXPECT_EQ(row(u"Bread"_qs)->property("offset").toDouble(), 0);
 }
 
+TEST_F(RowSwipesTest, aGestureUnderWayDoesNothingMoreUnderAnAlert) {
+    openLibrary();
+    scroll(row(u"Bread"_qs), Qt::NoScrollPhase, {-177, 0});
+    ASSERT_EQ(row(u"Bread"_qs)->property("offset").toDouble(), -177);
+    screen().askToEmptyArchive();
+    EXPECT_TRUE(comesToRest(u"Bread"_qs, 0));
+    const bool archived = waitUntil([&] { return stored("Bread").isArchived; },
+                                    std::chrono::milliseconds(3 * SwipeEvents::idleGap));
+    EXPECT_FALSE(archived);
+}
+
+TEST_F(RowSwipesTest, aPressedPointerThatIsLetGoUnderAnAlertDoesNothing) {
+    openLibrary();
+    const QPoint place = view().mapFromGlobal(middleOf(row(u"Bread"_qs)));
+    QTest::mousePress(&view(), Qt::LeftButton, {}, place);
+    for (int by = 10; by <= 200; by += 10)
+        QTest::mouseMove(&view(), place - QPoint(by, 0));
+    ASSERT_LE(row(u"Bread"_qs)->property("offset").toDouble(), -170);
+    screen().askToEmptyArchive();
+    QTest::mouseRelease(&view(), Qt::LeftButton, {}, place - QPoint(200, 0));
+    EXPECT_FALSE(stored("Bread").isArchived);
+    EXPECT_TRUE(comesToRest(u"Bread"_qs, 0));
+}
+
+TEST_F(RowSwipesTest, aPushMayBeginOnATagOrAButton) {
+    openLibrary();
+    hover(row(u"Bread"_qs));
+    ASSERT_TRUE(appears(u"RowButton"_qs, u"Favorite Link"_qs));
+    static_cast<void>(view().grabWindow()); // the button has its place
+    QPoint place = middleOf(seen(u"RowButton"_qs, u"Favorite Link"_qs));
+    desktop.drag(place.x(), place.y(), -70, 3);
+    EXPECT_TRUE(comesToRest(u"Bread"_qs, -156));
+    EXPECT_FALSE(stored("Bread").isFavorite);
+    place = middleOf(seen(u"RowTag"_qs, u"Find links tagged travel"_qs));
+    desktop.drag(place.x(), place.y(), 70, 3);
+    EXPECT_TRUE(comesToRest(u"Rails"_qs, 156));
+    EXPECT_EQ(screen().search()->tag(), QString());
+    EXPECT_TRUE(opener.opened.empty());
+}
+
+TEST_F(RowSwipesTest, aPushUpOrDownFromATagIsTheLists) {
+    openLibrary();
+    const QPoint place = middleOf(seen(u"RowTag"_qs, u"Find links tagged travel"_qs));
+    desktop.drag(place.x(), place.y(), 4, 40);
+    settle();
+    EXPECT_EQ(row(u"Rails"_qs)->property("offset").toDouble(), 0);
+    EXPECT_EQ(screen().search()->tag(), QString());
+}
+
 TEST_F(RowSwipesTest, aPressedPointerPushesARowToo) {
     openLibrary();
     const QPoint place = middleOf(row(u"Bread"_qs));
@@ -157,6 +207,28 @@ TEST_F(RowSwipesTest, aFingerOnTheScreenPushesARowToo) {
     }
     QTest::touchEvent(&view(), device).release(1, place, &view());
     EXPECT_TRUE(waitUntil([&] { return stored("Tides").isArchived; }));
+}
+
+TEST_F(RowSwipesTest, aFingerMayBeginOnATag) {
+    openLibrary();
+    QPointingDevice* device = QTest::createTouchDevice();
+    QPoint place =
+        view().mapFromGlobal(middleOf(seen(u"RowTag"_qs, u"Find links tagged travel"_qs)));
+    QTest::touchEvent(&view(), device).press(1, place, &view());
+    QTest::touchEvent(&view(), device).release(1, place, &view());
+    ASSERT_TRUE(waitUntil([&] { return screen().search()->tag() == u"travel"; }));
+    screen().search()->setTag({});
+    ASSERT_TRUE(waitUntil([&] { return rows().size() == 3 && seen(u"RowTag"_qs) != nullptr; }));
+    static_cast<void>(view().grabWindow()); // every row has its place
+    place = view().mapFromGlobal(middleOf(seen(u"RowTag"_qs, u"Find links tagged travel"_qs)));
+    QTest::touchEvent(&view(), device).press(2, place, &view());
+    for (int step = 0; step < 9; ++step) {
+        place.rx() -= 20;
+        QTest::touchEvent(&view(), device).move(2, place, &view());
+    }
+    QTest::touchEvent(&view(), device).release(2, place, &view());
+    EXPECT_TRUE(waitUntil([&] { return stored("Rails").isArchived; }));
+    EXPECT_EQ(screen().search()->tag(), QString());
 }
 
 TEST_F(RowSwipesTest, aTileShowsTheIconOfItsSite) {

@@ -75,6 +75,14 @@ protected:
         ASSERT_TRUE(waitUntil(
             [&] { return focused() && focused() == itemOf(root(), u"CleanupReviewRow"_qs); }));
     }
+    /// Opens a sheet below the review, which keeps the keyboard.
+    void openBelow(const std::function<void()>& opening, const QString& sheet) {
+        QQuickItem* before = focused();
+        opening();
+        ASSERT_TRUE(waitUntil([&] { return itemOf(root(), sheet) != nullptr; }));
+        settle();
+        EXPECT_EQ(focused(), before) << sheet.toStdString();
+    }
     QQuickItem* overlay() { return viewOf(*panel).contentItem(); }
 
     std::unique_ptr<Panel> panel;
@@ -189,6 +197,74 @@ TEST_F(SheetsTest, theReviewClosesWhatIsLeftChecked) {
     EXPECT_THAT(scripts.runs.back().script, HasSubstr("https://tabs.test/2"));
 }
 
+TEST_F(SheetsTest, theReviewAboveASheetGivesTheKeyboardBack) {
+    openAdd();
+    openReview();
+    desktop.press(Key::escape);
+    ASSERT_TRUE(waitUntil([&] { return !review().has_value(); }));
+    EXPECT_TRUE(model().isShowingAdd());
+    EXPECT_TRUE(inField(u"https://"_qs));
+}
+
+TEST_F(SheetsTest, aSheetThatOpensBelowAnotherWaitsForTheKeyboard) {
+    openReview();
+    openBelow([&] { model().setShowingAdd(true); }, u"AddSheet"_qs);
+    openBelow([&] { model().setSelectedID(model().library().links[0].id); }, u"DetailSheet"_qs);
+    desktop.press(Key::escape);
+    ASSERT_TRUE(waitUntil([&] { return !review().has_value(); }));
+    ASSERT_TRUE(typed(u"Stored"_qs));
+    desktop.press(Key::escape);
+    ASSERT_TRUE(waitUntil([&] { return !model().selectedID().has_value(); }));
+    EXPECT_TRUE(inField(u"https://"_qs));
+}
+
+TEST_F(SheetsTest, addingALinkWaitsUntilNoOtherSheetStands) {
+    openDetail();
+    model().presentAdd();
+    EXPECT_FALSE(model().isShowingAdd());
+    model().setSelectedID({});
+    model().share(model().library().links[0]);
+    model().presentAdd();
+    EXPECT_FALSE(model().isShowingAdd());
+    model().endSharing();
+    openReview();
+    model().presentAdd();
+    EXPECT_FALSE(model().isShowingAdd());
+    desktop.press(Key::escape);
+    ASSERT_TRUE(waitUntil([&] { return !review().has_value(); }));
+    model().setShowingOnboarding(true);
+    model().presentAdd();
+    EXPECT_FALSE(model().isShowingAdd());
+    model().setShowingOnboarding(false);
+    model().presentAdd();
+    EXPECT_TRUE(model().isShowingAdd());
+}
+
+TEST_F(SheetsTest, theCopyOfAnEMailSaysThatItIsMade) {
+    model().share(model().library().links[0]);
+    ASSERT_TRUE(typed(u"Stored"_qs));
+    click(*panel, u"TextButton"_qs, u"Copy email text"_qs);
+    ASSERT_TRUE(
+        waitUntil([&] { return itemOf(root(), u"TextButton"_qs, u"Copied"_qs) != nullptr; }));
+    EXPECT_EQ(pasteboard.text(), "Stored\nhttps://a.example/");
+    EXPECT_TRUE(waitUntil(
+        [&] { return itemOf(root(), u"TextButton"_qs, u"Copy email text"_qs) != nullptr; }));
+}
+
+TEST_F(SheetsTest, aLongTitleIsShortenedWhileNobodyWritesInIt) {
+    openDetail();
+    QQuickItem* title = focused();
+    title->setProperty("text", u"A long title "_qs.repeated(30));
+    EXPECT_FALSE(title->property("shortened").toBool());
+    desktop.press(Key::tab);
+    ASSERT_TRUE(waitUntil([&] { return !title->hasActiveFocus(); }));
+    EXPECT_TRUE(title->property("shortened").toBool());
+    const auto parts = title->childItems();
+    EXPECT_TRUE(std::ranges::any_of(parts, [](const QQuickItem* part) {
+        return part->isVisible() && part->property("truncated").toBool();
+    }));
+}
+
 TEST_F(SheetsTest, withNoneCheckedTheReviewStaysAndEscapeClearsIt) {
     openReview();
     click(*panel, u"TextButton"_qs, u"Select none"_qs);
@@ -219,6 +295,32 @@ TEST_F(SheetsTest, aTagIsRenamedAndRemovedByTheKeyboardAlone) {
     desktop.press(Key::enter);
     ASSERT_TRUE(waitUntil([&] { return model().library().links[0].tags.size() == 1; }));
     EXPECT_THAT(model().library().links[0].tags, ElementsAre("spring"));
+}
+
+TEST_F(SheetsTest, aChangeOfTheLibraryLeavesTheCursorOfARenameWhereItIs) {
+    model().setSection(AppSection::tags);
+    ASSERT_TRUE(waitUntil([&] { return itemOf(root(), u"TagRow"_qs) != nullptr; }));
+    desktop.press(0xffbf); // F2
+    ASSERT_TRUE(typed(u"boats"_qs));
+    desktop.type("ship");
+    ASSERT_TRUE(typed(u"ship"_qs));
+    model().toggleFavorite(model().library().links[0].id);
+    ASSERT_TRUE(typed(u"ship"_qs));
+    desktop.type("s");
+    EXPECT_TRUE(typed(u"ships"_qs));
+}
+
+TEST_F(SheetsTest, aChangeOfTheLibraryUnderASheetLeavesItTheKeyboard) {
+    model().setSection(AppSection::tags);
+    ASSERT_TRUE(waitUntil([&] { return itemOf(root(), u"TagRow"_qs) != nullptr; }));
+    desktop.press(0xffbf); // F2
+    ASSERT_TRUE(typed(u"boats"_qs));
+    openAdd();
+    model().toggleFavorite(model().library().links[0].id);
+    desktop.type("x");
+    EXPECT_TRUE(inField(u"https://"_qs) && typed(u"x"_qs));
+    desktop.press(Key::escape);
+    EXPECT_TRUE(inField(u"Tag name"_qs));
 }
 
 TEST_F(SheetsTest, aClickOnATagShowsItsLinks) {

@@ -72,6 +72,27 @@ TEST_F(SwipeEventsTest, momentumAfterASwipeIsSwallowedAndAfterAScrollIsNot) {
     EXPECT_FALSE(row.scroll(step(Phase::momentum, 0, 30)));
 }
 
+TEST_F(SwipeEventsTest, momentumThatArrivesAtAnotherRowIsSwallowedToo) {
+    SwipeEvents other;
+    push(-60);
+    EXPECT_TRUE(row.scroll(step(Phase::ended)));
+    EXPECT_TRUE(other.scroll(step(Phase::momentum, -30, 5)));
+    // The row that was pushed is taken from the list, and made anew for another link.
+    row.reset();
+    EXPECT_TRUE(row.scroll(step(Phase::momentum, -30, 5)));
+    EXPECT_EQ(row.offset(), 0);
+}
+
+TEST_F(SwipeEventsTest, aGestureThatBeginsOnAnotherRowEndsTheSwallowing) {
+    SwipeEvents other;
+    push(-60);
+    EXPECT_TRUE(row.scroll(step(Phase::ended)));
+    EXPECT_FALSE(other.scroll(step(Phase::began)));
+    EXPECT_FALSE(other.scroll(step(Phase::changed, 0, 40)));
+    EXPECT_FALSE(other.scroll(step(Phase::ended)));
+    EXPECT_FALSE(row.scroll(step(Phase::momentum, 0, 30)));
+}
+
 TEST_F(SwipeEventsTest, aGestureThatBeganElsewhereIsNotTaken) {
     EXPECT_FALSE(row.scroll(step(Phase::changed, 80)));
     EXPECT_FALSE(row.scroll(step(Phase::ended)));
