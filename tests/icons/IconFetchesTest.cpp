@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 using testing::HttpAnswer;
 using testing::HttpServer;
 using testing::HttpWriter;
+using testing::unannounced;
 using testing::waitUntil;
 
 constexpr std::size_t limit = 1000;
@@ -39,13 +40,6 @@ std::optional<Fetched> fetchedFrom(const std::string& address, Excess excess = E
 std::optional<Fetched> fetched(const HttpAnswer& answer, Excess excess = Excess::refused) {
     HttpServer server([&](const testing::HttpRequest&) { return answer; });
     return fetchedFrom(server.address(), excess);
-}
-
-/// A body without an announcement of its length.
-HttpAnswer unannounced(const std::string& body) {
-    return {.raw = [body](const HttpWriter& write) {
-        write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body);
-    }};
 }
 
 TEST(IconFetches, takeABodyOfExactlyTheLimit) {

@@ -305,13 +305,6 @@ std::string filledUp(const QByteArray& picture, std::size_t size) {
     return bytes;
 }
 
-/// A body without an announcement of its length.
-HttpAnswer unannounced(const std::string& body) {
-    return {.raw = [body](const HttpWriter& write) {
-        write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body);
-    }};
-}
-
 TEST_F(SiteIconLoaderTest, takesPicturesOfOneMebibyteAtMost) {
     site.answer("/favicon.ico", unannounced(filledUp(red, 1'048'576)));
     EXPECT_TRUE(load(site.address()).has_value());

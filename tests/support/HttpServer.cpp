@@ -133,6 +133,12 @@ void send(Stream& stream, const HttpAnswer& answer) {
 
 } // namespace
 
+HttpAnswer unannounced(const std::string& body) {
+    return {.raw = [body](const HttpWriter& write) {
+        write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + body);
+    }};
+}
+
 std::string HttpRequest::header(const std::string& name) const {
     const auto start = head.find("\r\n" + name + ": ");
     if (start == std::string::npos)

@@ -37,6 +37,9 @@ struct HttpAnswer {
     std::function<void(const HttpWriter&)> raw = {};
 };
 
+/// A body without an announcement of its length.
+[[nodiscard]] HttpAnswer unannounced(const std::string& body);
+
 enum class Transport { plain, tls };
 
 class TlsIdentity;
