@@ -23,7 +23,10 @@ protected:
         ASSERT_TRUE(becomesActive(*panel));
     }
     [[nodiscard]] bool selectedBecome(std::size_t count) {
-        return waitUntil([&] { return model().tabSelection()->selected.size() == count; });
+        return waitUntil([&] {
+            const auto& draft = model().tabSelection();
+            return draft && draft->selected.size() == count;
+        });
     }
     /// Moves the keyboard to the button with this text.
     [[nodiscard]] bool goTo(const QString& text) {
