@@ -11,8 +11,10 @@ namespace brinmoor::testing {
 
 /// X key codes of the keys that tests press.
 namespace XKey {
+inline constexpr xcb_keycode_t comma = 59;
 inline constexpr xcb_keycode_t escape = 9;
 inline constexpr xcb_keycode_t letterK = 45;
+inline constexpr xcb_keycode_t letterN = 57;
 inline constexpr xcb_keycode_t letterO = 32;
 inline constexpr xcb_keycode_t letterW = 25;
 inline constexpr xcb_keycode_t space = 65;
