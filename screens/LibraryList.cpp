@@ -56,13 +56,6 @@ void LibraryList::replaceRows(std::vector<Row> rows) {
     while (tail < shorter - head &&
            sameRow(rows[rows.size() - 1 - tail], rows_[rows_.size() - 1 - tail]))
         ++tail;
-    if (head + tail == 0) {
-        // Nothing stays: a view begins anew, at the top.
-        beginResetModel();
-        rows_ = std::move(rows);
-        endResetModel();
-        return;
-    }
     adoptValues(rows, 0, 0, head);
     adoptValues(rows, rows_.size() - tail, rows.size() - tail, tail);
     replaceMiddle(rows, head, tail);
