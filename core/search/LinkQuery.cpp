@@ -158,7 +158,7 @@ std::optional<int> LinkQuery::score(const SearchedTexts& texts) {
         return 0;
     if (!hasEveryTerm(texts))
         return std::nullopt;
-    const std::string title(room_.folded(texts.title, rule_));
+    const std::string_view title = titleRoom_.folded(texts.title, rule_);
     int sum = baseScore(title, query_);
     for (const Term& term : terms_)
         sum += termScore(texts, title, term);

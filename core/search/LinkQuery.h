@@ -59,6 +59,7 @@ private:
     std::vector<Term> terms_;
     bool isImpossible_ = false; ///< it asks for a tag without a name
     text::FoldRoom room_;
+    text::FoldRoom titleRoom_; ///< a title stays folded while other texts are
 };
 
 } // namespace brinmoor
