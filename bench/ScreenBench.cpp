@@ -1,5 +1,6 @@
-// The library window: how long until its first frame, how long from a key to the painted result,
-// and what it takes of memory at rest. Rounds of every size are mixed in one run, medians compared.
+// The library window: how long until its first frame, how long from a key to the painted result and
+// from a turn of the wheel to the next frame, and what it takes of memory at rest. Rounds of every
+// size are mixed in one run, medians compared.
 
 #include "app/AppModel.h"
 #include "bench/SampleLinks.h"
@@ -10,11 +11,13 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/Waiting.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QProcess>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cstdio>
@@ -24,6 +27,7 @@ namespace brinmoor {
 namespace {
 
 constexpr int rounds = 9;
+constexpr int turns = 60;
 constexpr std::size_t sizes[]{0, 1000, 10000};
 /// Typed one after the other: the first keys still leave most of the library.
 constexpr QLatin1String typed("design tool");
@@ -74,6 +78,18 @@ public:
             qFatal("The keys didn't reach the search field.");
         return times;
     }
+    /// Milliseconds from each turn of the wheel to the frame that shows it, over many screens of
+    /// rows.
+    std::vector<double> scroll() {
+        testing::settle();
+        std::vector<double> times;
+        for (int turn = 0; turn < turns; ++turn) {
+            QElapsedTimer timer;
+            timer.start();
+            times.push_back(untilFrame([&] { turnWheel(); }, timer));
+        }
+        return times;
+    }
     /// How long the list itself takes for the same keys, without drawing.
     std::vector<double> search() const {
         std::vector<double> times;
@@ -97,6 +113,14 @@ private:
         QCoreApplication::sendEvent(&view(), &down);
         QKeyEvent up(QEvent::KeyRelease, character.toUpper().unicode(), Qt::NoModifier, character);
         QCoreApplication::sendEvent(&view(), &up);
+    }
+    void turnWheel() {
+        const QPointF place(view().width() / 2.0, view().height() / 2.0);
+        QWheelEvent turn(place, view().mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        // How fast the wheel turns is told by its events' times.
+        turn.setTimestamp(quint64(QDateTime::currentMSecsSinceEpoch()));
+        QCoreApplication::sendEvent(&view(), &turn);
     }
     template <class Work>
     double untilFrame(Work work, const QElapsedTimer& timer) {
@@ -146,11 +170,15 @@ void compare() {
     std::map<std::size_t, std::vector<double>> frames;
     std::map<std::size_t, std::vector<double>> keys;
     std::map<std::size_t, std::vector<double>> lists;
+    std::map<std::size_t, std::vector<double>> scrolls;
     Window(0).show(); // what is done once in a process
     for (int round = 0; round < rounds; ++round)
         for (const std::size_t size : sizes) {
             Window window(size);
             frames[size].push_back(window.show());
+            if (size > 0)
+                for (const double time : window.scroll())
+                    scrolls[size].push_back(time);
             for (const double time : window.type())
                 keys[size].push_back(time);
             for (const double time : window.search())
@@ -166,6 +194,9 @@ void compare() {
                     std::ranges::max(keys[size]));
     std::printf("%-34s %8zu %10s %10.2f (longest %.2f)\n", "of these, finding and ordering",
                 sizes[2], "", median(lists[sizes[2]]), std::ranges::max(lists[sizes[2]]));
+    for (const std::size_t size : {sizes[1], sizes[2]})
+        std::printf("%-34s %8zu %10s %10.1f (longest %.1f)\n", "turn of the wheel to next frame",
+                    size, "", median(scrolls[size]), std::ranges::max(scrolls[size]));
     const double empty = memoryAtRest(0);
     for (const std::size_t size : sizes) {
         const double used = size == 0 ? empty : memoryAtRest(size);
