@@ -89,7 +89,7 @@ TEST_F(LibraryPanelTest, followsTheLibrary) {
     EXPECT_NE(textIn(view().rootObject(), u"A little room for good things."_qs), nullptr);
     ASSERT_TRUE(add("https://tidewatch.org.uk/"));
     EXPECT_EQ(rows(), 1);
-    EXPECT_NE(row(u"A page"_qs), nullptr);
+    EXPECT_TRUE(waitUntil([&] { return row(u"A page"_qs) != nullptr; }));
 }
 
 TEST_F(LibraryPanelTest, saysWhatFailedUntilItIsRead) {
