@@ -1,10 +1,10 @@
 # brinmoor_test(<name> SOURCES ... LINKS ... [DESKTOP] [APART] [TIMEOUT seconds] [LABEL label])
 #
-# A GoogleTest program, one ctest entry a test case, or a program where BRINMOOR_TEST_CASES is off.
-# DESKTOP runs it inside a virtual display with a window manager and a private D-Bus session, one entry for
-# the whole program. The LABEL says in which builds its cases run: "logic", unless given, under the
-# sanitizers too. APART: its sources have names in common, and are compiled one by one in every
-# build.
+# A GoogleTest program, one ctest entry a test case; one for the whole program where
+# BRINMOOR_TEST_CASES is off. DESKTOP runs it inside a virtual display with a window manager and a
+# private D-Bus session, always as one entry. The LABEL says in which builds it runs: "logic",
+# unless given, under the sanitizers. APART: its sources have names in common, and are compiled one
+# by one in every build.
 
 find_package(GTest REQUIRED)
 include(GoogleTest)
