@@ -27,6 +27,12 @@ Rectangle {
     readonly property bool hovered: pointer.hovered
     readonly property bool active: hovered || current || held
 
+    /// Takes its height at once, not only before the next frame.
+    function layOut() {
+        tagLine.forceLayout();
+        texts.forceLayout();
+    }
+
     implicitHeight: Math.max(42, texts.height) + 20
     radius: 14
     color: active || pushed ? Theme.surface : Qt.alpha(Theme.surface, 0)
@@ -91,6 +97,8 @@ Rectangle {
             Accessible.ignored: true
         }
         Flow {
+            id: tagLine
+
             width: parent.width
             spacing: 4
 

@@ -67,8 +67,16 @@ SwipeEvents {
             screen.commands.open(linkId);
     }
     ListView.onPooled: {
+        // Otherwise the list would hand the keyboard to a row that is no longer shown.
+        focus = false;
         settle.stop();
         swipe.reset();
+    }
+    ListView.onReused: {
+        // The row of a link that left the list has faded out.
+        opacity = 1;
+        // The rows below go where it ends.
+        card.layOut();
     }
 
     NumberAnimation {

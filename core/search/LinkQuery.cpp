@@ -138,11 +138,11 @@ bool LinkQuery::hasEveryTerm(const SearchedTexts& texts) {
            std::ranges::all_of(terms_, [&](const Term& term) { return isAnywhere(texts, term); });
 }
 
-/// For a term that is somewhere.
+/// 0 means that the term is nowhere.
 int LinkQuery::termScore(const SearchedTexts& texts, std::string_view foldedTitle,
                          const Term& term) {
     if (term.kind == Kind::wholeTag)
-        return wholeTag;
+        return isTag(texts, term.finder) ? wholeTag : 0;
     const std::string& word = term.finder.term();
     if (const std::size_t at = foldedTitle.find(word); at != std::string_view::npos)
         return isWordAt(foldedTitle, word, at) ? titleWord : inTitle;
@@ -150,19 +150,30 @@ int LinkQuery::termScore(const SearchedTexts& texts, std::string_view foldedTitl
         return inTag;
     if (isIn(texts.url, term.finder))
         return inUrl;
-    return isIn(texts.note, term.finder) ? inNote : inExtra;
+    if (isIn(texts.note, term.finder))
+        return inNote;
+    return isIn(texts.extra, term.finder) || isIn(texts.moreExtra, term.finder) ? inExtra : 0;
+}
+
+/// Without the quick look beforehand that spares most links the folding of their title.
+std::optional<int> LinkQuery::fullScore(const SearchedTexts& texts) {
+    if (isImpossible_)
+        return std::nullopt;
+    const std::string_view title = titleRoom_.folded(texts.title, rule_);
+    int sum = baseScore(title, query_);
+    for (const Term& term : terms_) {
+        const int score = termScore(texts, title, term);
+        if (score == 0)
+            return std::nullopt;
+        sum += score;
+    }
+    return sum;
 }
 
 std::optional<int> LinkQuery::score(const SearchedTexts& texts) {
     if (query_.empty())
         return 0;
-    if (!hasEveryTerm(texts))
-        return std::nullopt;
-    const std::string_view title = titleRoom_.folded(texts.title, rule_);
-    int sum = baseScore(title, query_);
-    for (const Term& term : terms_)
-        sum += termScore(texts, title, term);
-    return sum;
+    return hasEveryTerm(texts) ? fullScore(texts) : std::nullopt;
 }
 
 bool LinkQuery::matches(const SavedLink& link) {
@@ -175,7 +186,7 @@ bool LinkQuery::matches(const SavedLink& link) {
 }
 
 std::optional<int> LinkQuery::rank(const SavedLink& link) {
-    return score(textsOf(link));
+    return query_.empty() ? 0 : fullScore(textsOf(link));
 }
 
 } // namespace brinmoor

@@ -34,7 +34,8 @@ public:
 
     /// Whether a saved link matches; its collection and browser count as its extra text.
     [[nodiscard]] bool matches(const SavedLink& link);
-    /// How well a saved link matches by its title, address, note and tags alone.
+    /// How well a saved link matches by its title, address, note and tags alone. Made for links
+    /// that match: for others it takes longer than score.
     [[nodiscard]] std::optional<int> rank(const SavedLink& link);
 
 private:
@@ -50,6 +51,7 @@ private:
     [[nodiscard]] bool isTag(const SearchedTexts& texts, const TermFinder& finder);
     [[nodiscard]] bool isAnywhere(const SearchedTexts& texts, const Term& term);
     [[nodiscard]] bool hasEveryTerm(const SearchedTexts& texts);
+    [[nodiscard]] std::optional<int> fullScore(const SearchedTexts& texts);
     [[nodiscard]] int termScore(const SearchedTexts& texts, std::string_view foldedTitle,
                                 const Term& term);
 

@@ -38,6 +38,70 @@ TEST_F(LibraryScreenTest, typingFindsAndEscapeEndsTheSearch) {
     EXPECT_EQ(search().query(), QString());
 }
 
+TEST_F(LibraryScreenTest, fromASearchTheKeyboardComesToItsFirstResultThoughItWasInTheListBefore) {
+    openLibrary();
+    desktop.press(Key::down);
+    ASSERT_TRUE(currentIs(u"Bread"_qs));
+    model().focusSearch();
+    ASSERT_TRUE(
+        waitUntil([&] { return seen(u"SearchField"_qs)->property("inputFocused").toBool(); }));
+    desktop.type("a");
+    ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
+    desktop.press(Key::down);
+    EXPECT_TRUE(currentIs(u"Bread"_qs));
+    desktop.press(Key::space);
+    EXPECT_TRUE(appears(u"DetailSheet"_qs));
+}
+
+TEST_F(LibraryScreenTest, aLinkThatComesBackTakesItsOwnRoomAmongRowsOfOtherHeights) {
+    openLibrary(); // the row of "Tides" is higher by its note
+    const auto places = [&] {
+        static_cast<void>(view().grabWindow());
+        QList<double> found;
+        for (const QString& title : rows())
+            found << row(title)->y() << row(title)->height() << row(title)->opacity();
+        return found;
+    };
+    const QList<double> before = places();
+    for (const char* title : {"Bread", "Tides", "Bread"}) {
+        const QPointer<QQuickItem> leaving = row(QString::fromLatin1(title));
+        model().setArchived(true, {stored(title).id});
+        ASSERT_TRUE(waitUntil([&] { return !leaving || leaving->opacity() == 0; }));
+        testing::settle();
+        model().undoArchive();
+        ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
+        EXPECT_TRUE(waitUntil([&] { return places() == before; })) << title;
+    }
+}
+
+TEST_F(LibraryScreenTest, aLinkThatComesBackStandsCloseToTheOthersWhateverRowItIsGiven) {
+    openLibrary();
+    const auto areClose = [&] {
+        const QStringList titles = rows();
+        for (qsizetype at = 1; at < titles.size(); ++at) {
+            const QQuickItem* above = row(titles[at - 1]);
+            const QQuickItem* below = row(titles[at]);
+            if (!above || !below || below->y() != above->y() + above->height() + 1)
+                return false;
+        }
+        return true;
+    };
+    for (const char* query : {"tides", "bread", "rails"})
+        for (const char* title : {"Bread", "Rails", "Tides"}) {
+            search().setQuery(QString::fromLatin1(query)); // leaves the rows of the others over
+            testing::settle();
+            search().setQuery({});
+            ASSERT_TRUE(waitUntil(areClose));
+            const QPointer<QQuickItem> leaving = row(QString::fromLatin1(title));
+            model().setArchived(true, {stored(title).id});
+            ASSERT_TRUE(waitUntil([&] { return !leaving || leaving->opacity() == 0; }));
+            testing::settle();
+            model().undoArchive();
+            ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
+            EXPECT_TRUE(waitUntil(areClose)) << query << ' ' << title;
+        }
+}
+
 TEST_F(LibraryScreenTest, aQueryOfBlanksKeepsTheDaysAndCanBeCleared) {
     openLibrary();
     search().setQuery(u"  "_qs);
