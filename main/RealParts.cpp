@@ -29,7 +29,10 @@ std::map<std::uint32_t, std::string> hotKeyDescriptions() {
 
 /// The certificate of a service on this computer, when the build names one.
 std::string trustedCertificate() {
-    QFile file(QStringLiteral(BRINMOOR_SERVICE_CERTIFICATE));
+    const QString place = QStringLiteral(BRINMOOR_SERVICE_CERTIFICATE);
+    if (place.isEmpty())
+        return {};
+    QFile file(place);
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 

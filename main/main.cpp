@@ -5,6 +5,7 @@
 #include "main/Installation.h"
 #include "main/RealParts.h"
 #include "platform/linux/PortalMotion.h"
+#include "platform/linux/StatusItemHost.h"
 #include "screens/QuickPanels.h"
 
 #include <QDBusConnection>
@@ -19,7 +20,8 @@ int main(int count, char** arguments) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(count, arguments);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Brinmoor"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("brinmoor")));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(
+        QStringLiteral("brinmoor"), QIcon(QStringLiteral(":/brinmoor.svg"))));
 
     DesktopApplication desktop;
     if (desktop.start() == DesktopApplication::Start::second)
@@ -32,6 +34,9 @@ int main(int count, char** arguments) {
     QuickPanels panels;
     PortalMotion motion(QDBusConnection::sessionBus());
     const Subscription calm = motion.onChange([&] { panels.setReducedMotion(motion.isReduced()); });
+    StatusItemHost statusItems(QDBusConnection::sessionBus());
+    const Subscription place =
+        statusItems.onChange([&] { panels.setStatusItemShown(statusItems.isThere()); });
     RealParts real(installation, panels.engine());
     AppDelegate shell(real.parts(), panels);
     desktop.activate = [&] {

@@ -93,11 +93,23 @@ void BrowserAccess::show() {
     for (const Entry& entry : entries_)
         if (entry.state != State::checking)
             settled_[entry.id] = entry.state;
+    if (!unfolded_ && !connections_.isChecking())
+        unfoldOnlySteps();
     if (!sameList)
         endResetModel();
     else if (!entries_.empty())
         Q_EMIT dataChanged(index(0), index(int(entries_.size()) - 1));
     Q_EMIT changed();
+}
+
+void BrowserAccess::unfoldOnlySteps() {
+    std::vector<std::string> offering;
+    for (const Entry& entry : entries_)
+        if (!stepsOf(entry).empty())
+            offering.push_back(entry.id);
+    unfolded_ = offering.size() == 1;
+    if (unfolded_)
+        expanded_.insert(offering.front());
 }
 
 bool BrowserAccess::isChecking() const {

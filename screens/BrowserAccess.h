@@ -59,12 +59,15 @@ Q_SIGNALS:
 private:
     using Entry = BrowserConnections::Entry;
     void show();
+    /// Where one browser alone has something to be done, it is what the user came for.
+    void unfoldOnlySteps();
     [[nodiscard]] std::vector<ConnectionStep> stepsOf(const Entry& entry) const;
 
     AppModel& model_;
     BrowserConnections& connections_;
     std::vector<Entry> entries_;
     std::set<std::string> expanded_;
+    bool unfolded_ = false; ///< once: what the user folds stays folded
     std::map<std::string, BrowserConnections::State> settled_; ///< what the last answer said
 };
 

@@ -195,19 +195,30 @@ void QuickPanels::setMainMenu(std::vector<Menu> menus) {
 }
 
 void QuickPanels::setStatusItem(Menu menu) {
+    statusItem_.reset();
+    delete std::exchange(statusMenu_, new ShellMenu(std::move(menu), &engine_));
+    showStatusItem();
+}
+
+void QuickPanels::setStatusItemShown(bool shown) {
+    statusItemShown_ = shown;
+    showStatusItem();
+}
+
+void QuickPanels::showStatusItem() {
+    statusItem_.reset();
+    if (!statusItemShown_ || !statusMenu_)
+        return;
     QQmlComponent component(
         &engine_, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Brinmoor/StatusItem.qml")));
     const QString drawing =
         QStandardPaths::locate(QStandardPaths::GenericDataLocation,
                                QStringLiteral("icons/breeze/actions/16/dialog-layers.svg"));
-    delete statusItem_;
-    statusItem_ = component.createWithInitialProperties(
-        {{QStringLiteral("entries"), QVariant::fromValue(new ShellMenu(std::move(menu), &engine_))},
-         {QStringLiteral("drawing"), QUrl::fromLocalFile(drawing)}});
+    statusItem_.reset(component.createWithInitialProperties(
+        {{QStringLiteral("entries"), QVariant::fromValue(statusMenu_)},
+         {QStringLiteral("drawing"), QUrl::fromLocalFile(drawing)}}));
     if (!statusItem_)
         qWarning("No status item: %ls", qUtf16Printable(component.errorString()));
-    else
-        statusItem_->setParent(&engine_);
 }
 
 void QuickPanels::announce(Panel& panel, const std::string& text) {

@@ -13,6 +13,7 @@ namespace brinmoor {
 
 class Appearance;
 class QuickPanel;
+class ShellMenu;
 class ShellMenus;
 
 /// The windows of the application, drawn by QML. All of them share one engine and one theme.
@@ -42,6 +43,9 @@ public:
     void announce(Panel& panel, const std::string& text) override;
     void setAppearance(AppAppearance appearance) override;
 
+    /// Whether the desktop has a place for the status item. There is none at first.
+    void setStatusItemShown(bool shown);
+
     /// Leaves movement out of every window, or takes it up again.
     void setReducedMotion(bool reduced);
 
@@ -58,11 +62,14 @@ private:
 
     std::unique_ptr<Panel> kept(std::unique_ptr<QuickPanel> panel);
     void followFocus();
+    void showStatusItem();
 
     QQmlEngine engine_;
     Appearance& appearance_;
     ShellMenus* menus_; ///< the engine's child
-    QPointer<QObject> statusItem_;
+    ShellMenu* statusMenu_ = nullptr; ///< the engine's child
+    bool statusItemShown_ = false;
+    std::unique_ptr<QObject> statusItem_;
     std::vector<Window> windows_;
     bool active_ = false;
     QObject focusContext_; ///< last: what it hears needs all the rest

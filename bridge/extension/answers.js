@@ -11,8 +11,14 @@ export const focusedTypes = ['normal', 'popup', 'devtools'];
 // A page whose thread is stuck, or that shows a dialog, answers nothing at all.
 const readerLimit = 5000;
 
+// The new tab page goes by an address of its own under a search engine that brings none, as Debian's
+// Chromium does; it's the same empty tab.
+const newTab = 'chrome://newtab/';
+const newTabOfSearchEngine = 'chrome://new-tab-page-third-party/';
+const address = url => url === newTabOfSearchEngine ? newTab : url;
+
 // A tab that is only beginning to load its first page has no other address yet.
-const addressOf = tab => tab.url || tab.pendingUrl || '';
+const addressOf = tab => address(tab.url || tab.pendingUrl || '');
 
 const describedTab = tab => ({
     id: tab.id,
@@ -85,7 +91,7 @@ async function readPage(request) {
 
 async function closeTab(request) {
     const found = await existingTab(request.tab);
-    const leaving = found.pendingUrl && found.pendingUrl !== request.url;
+    const leaving = found.pendingUrl && address(found.pendingUrl) !== request.url;
     if (addressOf(found) !== request.url || leaving)
         throw new RequestError('changed');
     await orGone(chrome.tabs.remove(request.tab));

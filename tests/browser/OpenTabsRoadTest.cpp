@@ -184,6 +184,21 @@ TEST_F(OpenTabs, closesDuplicatesAndEmptyTabsInBothBrowsers) {
     EXPECT_THAT(TabCleanupPlanner::duplicateAndEmptyCandidates(read().tabs), IsEmpty());
 }
 
+TEST_F(OpenTabs, theNewTabPageOfAnotherSearchEngineIsAnEmptyTabToo) {
+    const int window = chromium().openWindow({address("kept")});
+    const int empty = chromium().openTab(window, "chrome://new-tab-page-third-party/");
+    ASSERT_TRUE(eventually([&] {
+        const auto urls = urlsOf(chromium().tabsOf(window));
+        return urls.size() == 2 && urls[1] == "chrome://new-tab-page-third-party/";
+    }));
+    const auto reading = read();
+    const auto candidates = TabCleanupPlanner::duplicateAndEmptyCandidates(reading.tabs);
+    ASSERT_THAT(urlsOf(candidates), ElementsAre("chrome://newtab/"));
+    EXPECT_EQ(close(candidates).closed, 1U);
+    EXPECT_FALSE(chromium().isOpen(empty));
+    EXPECT_THAT(urlsOf(chromium().tabsOf(window)), ElementsAre(address("kept")));
+}
+
 TEST_F(OpenTabs, closesFortyTabsButNoneThatChangedMeanwhile) {
     std::vector<int> windows;
     for (int window = 0; window < 3; ++window) {

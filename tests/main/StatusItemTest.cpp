@@ -7,6 +7,7 @@
 
 #include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusReply>
@@ -53,18 +54,30 @@ public Q_SLOTS:
 
 class StatusItemTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        program = std::make_unique<ChildProcess>(ChildOptions{{BRINMOOR}, {}, true});
-        ASSERT_TRUE(waitUntil([&] { return !host.item.isEmpty(); }, std::chrono::seconds(20)));
-        ASSERT_TRUE(waitUntil([&] {
+    void start() { program = std::make_unique<ChildProcess>(ChildOptions{{BRINMOOR}, {}, true}); }
+    /// The desktop has a place for icons from now on; one that it had goes.
+    void openHost() {
+        host.reset();
+        host = std::make_unique<StatusHost>();
+    }
+    [[nodiscard]] bool iconComes() {
+        return waitUntil([&] { return !host->item.isEmpty(); }, std::chrono::seconds(20));
+    }
+    [[nodiscard]] bool menuComes() {
+        return waitUntil([&] {
             readMenu();
             return titles.size() > 10;
-        }));
+        });
+    }
+    /// Whether the program has its name on the bus and has come as far as to wait.
+    [[nodiscard]] static bool isRunning() {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            QStringLiteral("app.brinmoor.mac"));
     }
 
     [[nodiscard]] QDBusMessage call(const QString& path, const QString& interface,
                                     const QString& method, const QVariantList& arguments) const {
-        auto message = QDBusMessage::createMethodCall(host.item, path, interface, method);
+        auto message = QDBusMessage::createMethodCall(host->item, path, interface, method);
         message.setArguments(arguments);
         return QDBusConnection::sessionBus().call(message);
     }
@@ -108,7 +121,7 @@ protected:
                                                  QVariant::fromValue(QDBusVariant(QString())), 0U});
     }
 
-    StatusHost host;
+    std::unique_ptr<StatusHost> host;
     std::unique_ptr<ChildProcess> program;
     std::vector<std::string> titles;
     std::map<std::string, int> ids;
@@ -116,6 +129,10 @@ protected:
 };
 
 TEST_F(StatusItemTest, offersItsMenuToTheDesktop) {
+    openHost();
+    start();
+    ASSERT_TRUE(iconComes());
+    ASSERT_TRUE(menuComes());
     EXPECT_EQ(titles,
               (std::vector<std::string>{
                   "Open Brinmoor", "Search open tabs…", "Close duplicate tabs", "Clean up tabs…",
@@ -125,7 +142,21 @@ TEST_F(StatusItemTest, offersItsMenuToTheDesktop) {
     EXPECT_TRUE(enabled["Open Brinmoor"]);
 }
 
+TEST_F(StatusItemTest, comesToAPlaceThatOpensLaterAndAgainWhenItOpensAnew) {
+    start();
+    ASSERT_TRUE(waitUntil(isRunning, std::chrono::seconds(20)));
+    openHost();
+    EXPECT_TRUE(iconComes());
+    openHost();
+    EXPECT_TRUE(iconComes());
+    EXPECT_TRUE(menuComes());
+}
+
 TEST_F(StatusItemTest, quitEndsTheProgram) {
+    openHost();
+    start();
+    ASSERT_TRUE(iconComes());
+    ASSERT_TRUE(menuComes());
     choose("Quit Brinmoor");
     EXPECT_EQ(program->waitForExit(), 0);
 }

@@ -288,9 +288,6 @@ TEST_F(BrowserAccessTest, aBrowserWithoutTheExtensionOffersItsSteps) {
     check();
     EXPECT_EQ(at(0, BrowserAccess::WordsRole), u"Extension not added"_qs);
     EXPECT_EQ(at(0, BrowserAccess::HasStepsRole), true);
-    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), false);
-    access().toggleSteps(0);
-    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), true);
     EXPECT_EQ(at(0, BrowserAccess::CopyablesRole).toStringList(),
               (QStringList{u"chrome://extensions"_qs, QString(),
                            u"/usr/share/brinmoor/extension"_qs, QString()}));
@@ -302,6 +299,37 @@ TEST_F(BrowserAccessTest, aBrowserWithoutTheExtensionOffersItsSteps) {
     settle();
     access().copy(u"chrome://extensions"_qs);
     EXPECT_EQ(pasteboard.text(), "chrome://extensions");
+}
+
+TEST_F(BrowserAccessTest, theOnlyStepsAreUnfoldedOnceAndStayAsTheUserLeavesThem) {
+    scripts.answer = [](const ScriptRun& run) {
+        return CannedScripts::Answer(failure(
+            CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
+    };
+    check();
+    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), true);
+    access().toggleSteps(0);
+    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), false);
+    check();
+    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), false);
+    access().toggleSteps(0);
+    EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), true);
+}
+
+TEST_F(BrowserAccessTest, theStepsOfSeveralBrowsersWaitToBeAskedFor) {
+    workspace.running.push_back({.bundleIdentifier = "com.brave.Browser",
+                                 .localizedName = "Brave",
+                                 .processIdentifier = 43});
+    scripts.answer = [](const ScriptRun& run) {
+        return CannedScripts::Answer(failure(
+            CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
+    };
+    check();
+    ASSERT_EQ(access().rowCount(), 2);
+    for (const int row : {0, 1}) {
+        EXPECT_EQ(at(row, BrowserAccess::HasStepsRole), true);
+        EXPECT_EQ(at(row, BrowserAccess::ExpandedRole), false);
+    }
 }
 
 TEST_F(BrowserAccessTest, whatCanNotBeConnectedSaysWhatToDoInstead) {

@@ -244,8 +244,10 @@ TEST_F(SettingsWindowTest, theStepsOfABrowserAreShownAndCopied) {
     };
     open(AppSection::settings);
     settings().showBrowserAccess();
-    ASSERT_TRUE(waitUntil([&] { return shown(u"SecondaryButton"_qs, u"Show steps"_qs); }));
-    press(u"SecondaryButton"_qs, u"Show steps"_qs);
+    for (const QString& button : {u"Hide steps"_qs, u"Show steps"_qs}) {
+        ASSERT_TRUE(waitUntil([&] { return shown(u"SecondaryButton"_qs, button); }));
+        press(u"SecondaryButton"_qs, button);
+    }
     // The row has grown for them.
     ASSERT_TRUE(waitUntil([&] {
         const QQuickItem* row = shown(u"BrowserRow"_qs);
