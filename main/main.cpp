@@ -20,8 +20,8 @@ int main(int count, char** arguments) {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(count, arguments);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Brinmoor"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(
-        QStringLiteral("brinmoor"), QIcon(QStringLiteral(":/brinmoor.svg"))));
+    QGuiApplication::setWindowIcon(
+        QIcon::fromTheme(QStringLiteral("brinmoor"), QIcon(QStringLiteral(":/brinmoor.svg"))));
 
     DesktopApplication desktop;
     if (desktop.start() == DesktopApplication::Start::second)

@@ -66,7 +66,7 @@ private:
 
     QQmlEngine engine_;
     Appearance& appearance_;
-    ShellMenus* menus_; ///< the engine's child
+    ShellMenus* menus_;               ///< the engine's child
     ShellMenu* statusMenu_ = nullptr; ///< the engine's child
     bool statusItemShown_ = false;
     std::unique_ptr<QObject> statusItem_;

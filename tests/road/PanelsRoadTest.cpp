@@ -1,3 +1,4 @@
+#include "browser/TabSearchModel.h"
 #include "tests/road/Road.h"
 
 #include <gmock/gmock.h>
@@ -97,6 +98,25 @@ TEST_F(PanelsRoad, aCancelledSelectionSavesNothingAndGivesTheFrontBack) {
     ASSERT_TRUE(waitUntil([&] { return shell().tabSelectionPanel() == nullptr; }));
     EXPECT_TRUE(waitUntil([&] { return browserIsInFront(); }));
     EXPECT_THAT(storedTitles(), IsEmpty());
+}
+
+TEST_F(PanelsRoad, theShortcutsWorkWhileTheSearchOfOpenTabsHasTheKeyboard) {
+    shell();
+    browse({"http://front.test/page"});
+    press(RoadKey::search);
+    ASSERT_TRUE(waitUntil([&] { return shell().tabSearchPanel() != nullptr; }));
+    ASSERT_TRUE(waitUntil([&] { return !model().tabSearch().tabs().empty(); }));
+    type("front");
+    ASSERT_TRUE(waitUntil([&] { return model().tabSearch().query() == "front"; }));
+    press(RoadKey::search);
+    EXPECT_TRUE(waitUntil([&] { return model().tabSearch().query().empty(); })) << "starts anew";
+    EXPECT_TRUE(shell().tabSearchPanel()->isVisible());
+    press(RoadKey::quick);
+    noticeWith("Tab saved");
+    EXPECT_EQ(stored().links.at(0).url, "http://front.test/page");
+    tap(escapeKey);
+    EXPECT_TRUE(waitUntil([&] { return !shell().tabSearchPanel()->isVisible(); }));
+    EXPECT_TRUE(waitUntil([&] { return browserIsInFront(); }));
 }
 
 } // namespace

@@ -156,7 +156,7 @@ void Road::press(RoadKey key) {
         held.push_back(XKey::altLeft);
     if (key == RoadKey::selected)
         held.push_back(XKey::controlLeft);
-    keyboard_.chord(held, XKey::letterK);
+    keyboard_.chord(held, key == RoadKey::search ? XKey::letterO : XKey::letterK);
 }
 
 void Road::type(const std::string& letters) {

@@ -27,7 +27,7 @@ using Words = std::pair<std::string, std::string>;
 void endRoadBrowser();
 
 /// The six shortcuts, pressed at the keyboard.
-enum class RoadKey { quick, note, selected, window };
+enum class RoadKey { quick, note, selected, window, search };
 
 /// The whole program on a desktop with one Chromium that lasts for the test program: the shell
 /// with its real parts, a library of its own for each test.
