@@ -27,6 +27,11 @@ Rectangle {
     readonly property bool hovered: pointer.hovered
     readonly property bool active: hovered || current || held
 
+    /// A row that goes on to another link keeps the tags that it has made, shown or not: to make them
+    /// takes longer than all the rest of it.
+    property int mostTags: tags.length
+    onTagsChanged: mostTags = Math.max(mostTags, tags.length)
+
     /// Takes its height at once, not only before the next frame.
     function layOut() {
         tagLine.forceLayout();
@@ -116,11 +121,12 @@ Rectangle {
                 delegate: ArchivedMark {}
             }
             Repeater {
-                model: row.tags
+                model: row.mostTags
                 delegate: RowTag {
-                    required property string modelData
+                    required property int index
 
-                    tag: modelData
+                    visible: index < row.tags.length
+                    tag: row.tags[index] ?? ""
                     greatestWidth: texts.width
                     focusPolicy: row.current ? Qt.StrongFocus : Qt.NoFocus
                     onClicked: row.screen.search.selectTag(tag)

@@ -14,6 +14,12 @@ protected:
     LibrarySearch& search() { return *screen().search(); }
     /// A question over the window is answered by the button with this text.
     void answer(const QString& button) { clickOn(u"BaseButton"_qs, button); }
+    static void collectTags(const QQuickItem* item, QStringList& tags) {
+        if (item->isVisible() && item->property("tag").isValid())
+            tags.append(item->property("tag").toString());
+        for (const QQuickItem* child : item->childItems())
+            collectTags(child, tags);
+    }
     void openRowMenu(const QString& title) {
         static_cast<void>(view().grabWindow()); // every row has its place
         const QPoint place = middleOf(row(title));
@@ -109,6 +115,19 @@ TEST_F(LibraryScreenTest, aLinkThatComesBackStandsCloseToTheOthersWhateverRowItI
             ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
             EXPECT_TRUE(waitUntil(areClose)) << query << ' ' << title;
         }
+}
+
+TEST_F(LibraryScreenTest, aRowShowsTheTagsOfItsLinkWhateverLinkItShowedBefore) {
+    openLibrary();
+    const std::map<std::string, QStringList> tagsOf{
+        {"Bread", {u"baking"_qs, u"craft"_qs}}, {"Rails", {u"travel"_qs}}, {"Tides", {}}};
+    for (const char* title : {"Bread", "Tides", "Rails", "Bread", "Rails", "Tides", "Bread"}) {
+        search().setQuery(QString::fromLatin1(title));
+        static_cast<void>(view().grabWindow());
+        QStringList seen;
+        collectTags(row(QString::fromLatin1(title)), seen);
+        EXPECT_EQ(seen, tagsOf.at(title)) << title;
+    }
 }
 
 TEST_F(LibraryScreenTest, aQueryOfBlanksKeepsTheDaysAndCanBeCleared) {
