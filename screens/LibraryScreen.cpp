@@ -43,8 +43,8 @@ void LibraryScreen::follow() {
 
 void LibraryScreen::showLinks() {
     const Clock& clock = model_.clock();
-    links_.show(model_.currentLibrary(),
-                model_.view().days(model_.library().links, clock.now(), clock.timeZone()));
+    links_.show(model_.currentLibrary(), filtered_.days(model_.view(), model_.currentLibrary(),
+                                                        clock.now(), clock.timeZone()));
 }
 
 void LibraryScreen::showChangedLibrary() {

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "core/library/Library.h"
+#include "core/search/FilteredLibrary.h"
 #include "platform/Subscription.h"
 
 namespace brinmoor {
@@ -100,6 +101,7 @@ private:
     void refreshDays();
 
     AppModel& model_;
+    FilteredLibrary filtered_;
     LibraryList links_;
     LibrarySearch search_;
     LinkCommands commands_;

@@ -68,6 +68,13 @@ bool LibraryFilter::isInScope(const SavedLink& link) const noexcept {
     return (searchEverywhere && isSearching()) || linkIsInCurrentSection(link);
 }
 
+bool LibraryFilter::narrows(const LibraryFilter& other) const {
+    LibraryFilter same = *this;
+    same.query = other.query;
+    return same == other && isSearching() && other.isSearching() &&
+           LinkQuery(query).narrows(LinkQuery(other.query));
+}
+
 LinkPointers LibraryFilter::visibleLinks(const std::vector<SavedLink>& links) const {
     VisibleTest test(*this);
     LinkPointers visible;
@@ -77,13 +84,27 @@ LinkPointers LibraryFilter::visibleLinks(const std::vector<SavedLink>& links) co
     return visible;
 }
 
+LinkPointers LibraryFilter::visibleLinks(const LinkPointers& links) const {
+    VisibleTest test(*this);
+    LinkPointers visible;
+    for (const SavedLink* link : links)
+        if (isInScope(*link) && test.passes(*link))
+            visible.push_back(link);
+    return visible;
+}
+
+std::vector<LinkDay> LibraryFilter::grouped(const LinkPointers& visible, Instant now,
+                                            std::string_view timeZone) const {
+    if (!isSearching())
+        return LinkDay::group(visible, now, timeZone);
+    std::vector<LinkDay> result;
+    result.push_back(LinkDay::bestMatches(visible, query));
+    return result;
+}
+
 std::vector<LinkDay> LibraryFilter::days(const std::vector<SavedLink>& links, Instant now,
                                          std::string_view timeZone) const {
-    if (!isSearching())
-        return LinkDay::group(visibleLinks(links), now, timeZone);
-    std::vector<LinkDay> result;
-    result.push_back(LinkDay::bestMatches(visibleLinks(links), query));
-    return result;
+    return grouped(visibleLinks(links), now, timeZone);
 }
 
 std::vector<TagSummary> LibraryFilter::tagSummaries(const std::vector<SavedLink>& links) const {

@@ -31,11 +31,20 @@ struct LibraryFilter {
     [[nodiscard]] bool hasRefinements() const noexcept;
     [[nodiscard]] bool linkIsInCurrentSection(const SavedLink& link) const noexcept;
 
+    /// Whether every link that this filter shows is shown by the other one too, both being
+    /// searches. May say no where it is so.
+    [[nodiscard]] bool narrows(const LibraryFilter& other) const;
+
     /// The links that pass, in the order of the library.
     [[nodiscard]] LinkPointers visibleLinks(const std::vector<SavedLink>& links) const;
+    /// The same among some of them.
+    [[nodiscard]] LinkPointers visibleLinks(const LinkPointers& links) const;
 
     /// The visible links in the groups of the library list: by day, or those of a search in one
     /// group, the best first.
+    [[nodiscard]] std::vector<LinkDay> grouped(const LinkPointers& visible, Instant now,
+                                               std::string_view timeZone) const;
+    /// The same of all links, of which the visible ones are found first.
     [[nodiscard]] std::vector<LinkDay> days(const std::vector<SavedLink>& links, Instant now,
                                             std::string_view timeZone) const;
 

@@ -105,6 +105,15 @@ void LinkQuery::addTerm(std::string_view term) {
         isImpossible_ = true;
 }
 
+bool LinkQuery::narrows(const LinkQuery& other) const {
+    // What holds a term holds every part of it; only a whole tag holds no other one.
+    return !other.isImpossible_ && std::ranges::all_of(other.terms_, [&](const Term& wide) {
+        return wide.kind == Kind::word && std::ranges::any_of(terms_, [&](const Term& term) {
+                   return term.finder.term().find(wide.finder.term()) != std::string::npos;
+               });
+    });
+}
+
 bool LinkQuery::isIn(std::string_view text, const TermFinder& finder) {
     if (text.empty())
         return false;

@@ -29,6 +29,10 @@ class LinkQuery {
 public:
     explicit LinkQuery(std::string_view query);
 
+    /// Whether everything that matches this query matches the other one too. May say no where it is
+    /// so.
+    [[nodiscard]] bool narrows(const LinkQuery& other) const;
+
     /// As LinkSearch::score.
     [[nodiscard]] std::optional<int> score(const SearchedTexts& texts);
 

@@ -106,8 +106,10 @@ protected:
     }
     bool currentIs(const QString& title) {
         return waitUntil([&] {
-            QQuickItem* item = row(title);
-            return item && item->property("current").toBool();
+            // Until the list has followed the library, a row still is that of another link.
+            const QQuickItem* item = row(title);
+            return item && item->property("title").toString() == title &&
+                   item->property("current").toBool();
         });
     }
 
