@@ -51,4 +51,11 @@ void DesktopApplication::Open(const QStringList& addresses, const QVariantMap&) 
         open(given);
 }
 
+void DesktopApplication::ActivateAction(const QString& name, const QVariantList&,
+                                        const QVariantMap&) {
+    const auto action = captureAction(name.toStdString());
+    if (action && perform)
+        perform(*action);
+}
+
 } // namespace brinmoor

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "core/capture/CaptureAction.h"
+
 #include <QObject>
 #include <QStringList>
+#include <QVariantList>
 #include <QVariantMap>
 
 #include <functional>
@@ -33,10 +36,15 @@ public:
     std::function<void()> activate;
     /// Takes addresses that the desktop hands over, in their order.
     std::function<void(const std::vector<std::string>&)> open;
+    /// Does one of the actions of the desktop entry, or what a user has bound a key to.
+    std::function<void(CaptureAction)> perform;
 
 public Q_SLOTS:
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platformData);
+    /// The actions have the names under which their shortcuts are stored; others are ignored.
+    Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& parameters,
+                                     const QVariantMap& platformData);
 };
 
 } // namespace brinmoor

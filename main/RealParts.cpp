@@ -1,6 +1,7 @@
 #include "main/RealParts.h"
 
 #include "bridge/ExtensionIdentity.h"
+#include "bridge/focus/HostFocusReports.h"
 #include "core/capture/CaptureAction.h"
 #include "core/text/Wording.h"
 #include "icons/DecodedPictures.h"
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QtGlobal>
 
+#include <cstdlib>
 #include <map>
 
 namespace brinmoor {
@@ -72,7 +74,9 @@ RealParts::RealParts(const Installation& installation, QQmlEngine& engine)
       browsers_(manifestRequest(installation, places_), flatpakFolders(places_.dataHome),
                 installation.extensionFolder.toStdString()),
       preferences_(places_.preferencesFile), hotKeys_(makeHotKeys(hotKeyDescriptions())),
-      workspace_(makeWorkspace()), files_(engine), certificate_(trustedCertificate()),
+      focus_(isWayland() ? std::make_unique<HostFocusReports>(std::getenv("XDG_RUNTIME_DIR"))
+                         : nullptr),
+      workspace_(makeWorkspace(focus_.get())), files_(engine), certificate_(trustedCertificate()),
       http_(certificate_), scripts_(installation.automationTool),
       iconDecoder_(installation.iconDecoder) {}
 

@@ -5,6 +5,7 @@
 #include "main/Installation.h"
 #include "platform/linux/DesktopBrowsers.h"
 #include "platform/linux/DesktopPasteboard.h"
+#include "platform/linux/FocusReports.h"
 #include "platform/linux/JsonPreferences.h"
 #include "platform/linux/LibsecretStore.h"
 #include "platform/linux/NetworkHttp.h"
@@ -42,6 +43,7 @@ private:
     SystemClock clock_;
     JsonPreferences preferences_;
     std::unique_ptr<HotKeys> hotKeys_;
+    std::unique_ptr<FocusReports> focus_; ///< where no window system tells
     std::unique_ptr<Workspace> workspace_;
     QuickFileDialogs files_;
     XdgOpener opener_;

@@ -14,8 +14,21 @@
 #include <QLocale>
 #include <QTimer>
 
+namespace {
+
+/// A Wayland desktop's own X server is preferred to it: only there do notices and panels stand
+/// where the user looks, above the others and without taking the keyboard, and is a copied address
+/// heard of while another program is in front.
+void preferX11() {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+}
+
+} // namespace
+
 int main(int count, char** arguments) {
     using namespace brinmoor;
+    preferX11();
     QGuiApplication::setDesktopFileName(QStringLiteral("app.brinmoor.mac"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(count, arguments);
@@ -44,6 +57,10 @@ int main(int count, char** arguments) {
             shell.openLibrary();
     };
     desktop.open = [&](const std::vector<std::string>& addresses) { shell.openURLs(addresses); };
+    desktop.perform = [&](CaptureAction action) {
+        // The desktop may have started the program for it, before there is anything to do it with.
+        QTimer::singleShot(0, &application, [&shell, action] { shell.capture(action); });
+    };
     desktop.takeWhatWaits();
     shell.launch();
     // After the first frame: no window waits for it.

@@ -23,16 +23,16 @@ public:
     void unregisterHotKey(std::uint32_t) override {}
 };
 
-/// A Wayland desktop runs an X server too, which knows only the programs that still use it.
+} // namespace
+
 bool isWayland() {
     const auto display = processEnvironment("WAYLAND_DISPLAY");
     return (display && !display->empty()) || processEnvironment("XDG_SESSION_TYPE") == "wayland";
 }
 
-} // namespace
-
 std::unique_ptr<Workspace> makeWorkspace(FocusReports* reports) {
     DesktopEntries entries(desktopEntryFolders(processEnvironment));
+    // A Wayland desktop runs an X server too, which knows only the programs that still use it.
     if (!isWayland()) {
         if (auto workspace = X11Workspace::open(entries))
             return workspace;

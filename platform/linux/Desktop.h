@@ -12,6 +12,10 @@
 /// The answers that fit the session this process runs in.
 namespace brinmoor {
 
+/// Whether this session is one of Wayland's, in which no window system tells of the windows of
+/// others.
+[[nodiscard]] bool isWayland();
+
 /// X11 where an X server with a window manager is the desktop; otherwise what the processes and the
 /// connected browsers tell. `reports` may be absent and must otherwise outlive the workspace.
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace(FocusReports* reports = nullptr);

@@ -78,6 +78,23 @@ TEST_F(SecondStart, aReturnAddressFromTheDesktopShowsTheAccountAndAnyOtherOneNot
     EXPECT_TRUE(eventually([&] { return isInFront(program.process()); }));
 }
 
+TEST_F(SecondStart, anActionThatTheDesktopAsksForIsDoneWithoutAWindow) {
+    ChildProcess program(ChildOptions{{BRINMOOR}, {}, true});
+    ASSERT_TRUE(eventually([&] { return isInFront(program.process()); }));
+    ASSERT_TRUE(closesWindow(program.process()));
+    const auto ask = [](const QString& action) {
+        auto message =
+            QDBusMessage::createMethodCall(u"app.brinmoor.mac"_qs, u"/app/brinmoor/mac"_qs,
+                                           u"org.freedesktop.Application"_qs, u"ActivateAction"_qs);
+        message << action << QVariantList() << QVariantMap();
+        return QDBusConnection::sessionBus().call(message).type();
+    };
+    EXPECT_EQ(ask(u"nonsense"_qs), QDBusMessage::ReplyMessage);
+    EXPECT_FALSE(hasWindow(program.process()));
+    EXPECT_EQ(ask(u"search"_qs), QDBusMessage::ReplyMessage);
+    EXPECT_TRUE(eventually([&] { return isInFront(program.process()); }));
+}
+
 TEST_F(SecondStart, aProgramThatEndedIsNotWaitedFor) {
     {
         ChildProcess first(ChildOptions{{BRINMOOR}, {}, true});
