@@ -145,11 +145,20 @@ void measureClosing() {
             unwanted.push_back(tab);
     unwanted = TabCleanupPlanner::domainCandidates(unwanted, {"page.test"});
     const auto start = Time::now();
-    const std::string closed = ran(closeTabsScripts(chromium(), unwanted).at(0));
+    std::string closed;
+    double longest = 0;
+    for (const std::string& script : closeTabsScripts(chromium(), unwanted)) {
+        const auto begun = Time::now();
+        closed += ran(script);
+        const std::chrono::duration<double, std::milli> taken = Time::now() - begun;
+        longest = std::max(longest, taken.count());
+    }
     const std::chrono::duration<double, std::milli> taken = Time::now() - start;
-    std::printf("  closing %zu of them, each compared afresh: %.0f ms, %.2f ms a tab; closed %s",
+    std::replace(closed.begin(), closed.end(), '\n', ' ');
+    std::printf("  closing %zu of them, each compared afresh: %.0f ms, %.2f ms a tab; the longest "
+                "script %.0f ms; closed %s\n",
                 unwanted.size(), taken.count(),
-                taken.count() / static_cast<double>(unwanted.size()), closed.c_str());
+                taken.count() / static_cast<double>(unwanted.size()), longest, closed.c_str());
 }
 
 } // namespace

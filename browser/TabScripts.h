@@ -19,8 +19,9 @@ namespace brinmoor {
 [[nodiscard]] std::string checkAccessScript(const Browser& browser);
 
 /// The script that closes these tabs, which are all of this browser and sorted by place within each
-/// window. More tabs than one argument of a program can name make several scripts, to be run in
-/// this order: the last tabs come first. A tab whose address alone is too long has one of its own.
+/// window. More tabs than one argument of a program can name, or one run has the time for, make
+/// several scripts, to be run in this order: the last tabs come first. A tab whose address alone is
+/// too long has one of its own.
 [[nodiscard]] std::vector<std::string>
 closeTabsScripts(const Browser& browser, const std::vector<BrowserTabSnapshot>& tabs);
 
