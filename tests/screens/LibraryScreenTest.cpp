@@ -14,6 +14,16 @@ protected:
     LibrarySearch& search() { return *screen().search(); }
     /// A question over the window is answered by the button with this text.
     void answer(const QString& button) { clickOn(u"BaseButton"_qs, button); }
+    /// Once its row has faded away, the link comes back.
+    void archiveAndUndo(const std::string& title) {
+        const QPointer<QQuickItem> leaving = row(QString::fromStdString(title));
+        const auto shown = rows().size();
+        model().setArchived(true, {stored(title).id});
+        ASSERT_TRUE(waitUntil([&] { return !leaving || leaving->opacity() == 0; }));
+        testing::settle();
+        model().undoArchive();
+        ASSERT_TRUE(waitUntil([&] { return rows().size() == shown; }));
+    }
     static void collectTags(const QQuickItem* item, QStringList& tags) {
         if (item->isVisible() && item->property("tag").isValid())
             tags.append(item->property("tag").toString());
@@ -79,12 +89,7 @@ TEST_F(LibraryScreenTest, aLinkThatComesBackTakesItsOwnRoomAmongRowsOfOtherHeigh
     };
     const QList<double> before = places();
     for (const char* title : {"Bread", "Tides", "Bread"}) {
-        const QPointer<QQuickItem> leaving = row(QString::fromLatin1(title));
-        model().setArchived(true, {stored(title).id});
-        ASSERT_TRUE(waitUntil([&] { return !leaving || leaving->opacity() == 0; }));
-        testing::settle();
-        model().undoArchive();
-        ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
+        archiveAndUndo(title);
         EXPECT_TRUE(waitUntil([&] { return places() == before; })) << title;
     }
 }
@@ -107,12 +112,7 @@ TEST_F(LibraryScreenTest, aLinkThatComesBackStandsCloseToTheOthersWhateverRowItI
             testing::settle();
             search().setQuery({});
             ASSERT_TRUE(waitUntil(areClose));
-            const QPointer<QQuickItem> leaving = row(QString::fromLatin1(title));
-            model().setArchived(true, {stored(title).id});
-            ASSERT_TRUE(waitUntil([&] { return !leaving || leaving->opacity() == 0; }));
-            testing::settle();
-            model().undoArchive();
-            ASSERT_TRUE(waitUntil([&] { return rows().size() == 3; }));
+            archiveAndUndo(title);
             EXPECT_TRUE(waitUntil(areClose)) << query << ' ' << title;
         }
 }
