@@ -69,12 +69,15 @@ SwipeEvents {
     ListView.onPooled: {
         // Otherwise the list would hand the keyboard to a row that is no longer shown.
         focus = false;
+        // Nor may a row stay in sight that was fading or moving: the list forgets to hide it.
+        visible = false;
         settle.stop();
         swipe.reset();
     }
     ListView.onReused: {
         // The row of a link that left the list has faded out.
         opacity = 1;
+        visible = true;
         // The rows below go where it ends.
         card.layOut();
     }
