@@ -32,6 +32,8 @@ FocusScope {
         x: Theme.columnLeft(view.width)
         width: Theme.columnWidth(view.width)
         screen: view.screen
+        // From wherever a click has left the keyboard.
+        Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
 
         Connections {
             target: header.searchField

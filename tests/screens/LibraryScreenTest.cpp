@@ -178,6 +178,14 @@ TEST_F(LibraryScreenTest, aRowShowsTheTagsOfItsLinkWhateverLinkItShowedBefore) {
     }
 }
 
+TEST_F(LibraryScreenTest, anArrowLeadsFromAPressedFilterIntoItsLinks) {
+    openLibrary();
+    clickOn(u"Pill"_qs, u"Archive"_qs);
+    ASSERT_TRUE(waitUntil([&] { return rows() == QStringList{u"Walks"_qs}; }));
+    desktop.press(Key::down);
+    EXPECT_TRUE(currentIs(u"Walks"_qs));
+}
+
 TEST_F(LibraryScreenTest, aQueryOfBlanksKeepsTheDaysAndCanBeCleared) {
     openLibrary();
     search().setQuery(u"  "_qs);
