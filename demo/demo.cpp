@@ -95,7 +95,7 @@ int roadOfOneSave(const std::string& pictures) {
     std::cout << "Chromium shows a page. Pressing Shift+Super+K." << std::endl;
     TestKeyboard().chord({XKey::shiftLeft, XKey::superLeft}, XKey::letterK);
     if (!eventually([&] { return !bytesOf(library).empty(); }))
-        return failed("Nothing was saved.");
+        return failed("Nothing was saved. The screen: " + picture(pictures, "2-nothing-saved"));
     const std::string second = picture(pictures, "2-saved");
     if (!putInFront(*desktop, brinmoor.process()))
         return failed("The library does not come to the front.");

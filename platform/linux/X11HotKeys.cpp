@@ -35,7 +35,7 @@ void X11HotKeys::unregisterHotKey(std::uint32_t id) {
     const auto found = hotKeys_.find(id);
     if (found == hotKeys_.end())
         return;
-    release(found->second);
+    release(found->second, keyboard_);
     hotKeys_.erase(found);
 }
 
@@ -71,12 +71,12 @@ bool X11HotKeys::grab(const HotKey& hotKey) const {
         granted = granted && !refusal;
     }
     if (!granted)
-        release(hotKey);
+        release(hotKey, keyboard_);
     return granted && xcb_connection_has_error(connection) == 0;
 }
 
-void X11HotKeys::release(const HotKey& hotKey) const {
-    for (const auto locks : keyboard_.lockCombinations()) {
+void X11HotKeys::release(const HotKey& hotKey, const KeyboardModifiers& keyboard) const {
+    for (const auto locks : keyboard.lockCombinations()) {
         const auto mask = static_cast<std::uint16_t>(hotKey.mask | locks);
         xcb_ungrab_key(connection_->get(), hotKey.key, connection_->root(), mask);
     }
@@ -116,14 +116,26 @@ void X11HotKeys::keyboardChanged() {
         &events_, [this] { grabAgain(); }, Qt::QueuedConnection);
 }
 
+/// What stays where it is stays grabbed: a key that is pressed meanwhile would go elsewhere.
 void X11HotKeys::grabAgain() {
     changeNoted_ = false;
-    for (const auto& [id, hotKey] : hotKeys_)
-        release(hotKey);
-    keyboard_ = KeyboardModifiers::read(connection_->get());
+    const auto before = std::exchange(keyboard_, KeyboardModifiers::read(connection_->get()));
+    const bool sameLocks = before.lockCombinations() == keyboard_.lockCombinations();
     std::vector<std::uint32_t> gone;
-    for (auto& [id, hotKey] : hotKeys_) {
-        if (!place(hotKey) || !grab(hotKey))
+    std::map<std::uint32_t, HotKey> moved;
+    for (const auto& [id, hotKey] : hotKeys_) {
+        HotKey now = hotKey;
+        if (!place(now))
+            gone.push_back(id);
+        else if (!sameLocks || now.key != hotKey.key || now.mask != hotKey.mask)
+            moved.emplace(id, now);
+        else
+            continue;
+        release(hotKey, before);
+    }
+    for (const auto& [id, hotKey] : moved) {
+        hotKeys_[id] = hotKey;
+        if (!grab(hotKey))
             gone.push_back(id);
     }
     for (const auto id : gone)

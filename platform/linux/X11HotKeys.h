@@ -39,7 +39,7 @@ private:
     [[nodiscard]] bool isTaken(std::uint32_t keyCode, std::uint32_t modifiers) const;
     [[nodiscard]] bool place(HotKey& hotKey) const;
     [[nodiscard]] bool grab(const HotKey& hotKey) const;
-    void release(const HotKey& hotKey) const;
+    void release(const HotKey& hotKey, const KeyboardModifiers& keyboard) const;
     void handle(const xcb_generic_event_t& event);
     void keyPressed(const xcb_key_press_event_t& press);
     void keyboardChanged();
