@@ -37,10 +37,6 @@ bool ask(const bridge::FileDescriptor& connection) {
 
 } // namespace
 
-struct HostFocusReports::Folder {
-    bridge::FileDescriptor descriptor;
-};
-
 struct HostFocusReports::Watch {
     std::string browserID;
     bridge::FileDescriptor connection;
@@ -53,7 +49,7 @@ HostFocusReports::HostFocusReports(const char* runtimeFolder) {
     auto opened = bridge::openBridgeFolder(runtimeFolder, bridge::MissingFolder::make);
     if (!opened)
         return;
-    folder_ = std::make_unique<Folder>(Folder{std::move(opened).value()});
+    folder_ = std::move(opened).value();
     watcher_.addPath(QDir(QString::fromUtf8(runtimeFolder)).filePath(QStringLiteral("brinmoor")));
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { follow(); });
     follow();
@@ -70,7 +66,7 @@ Subscription HostFocusReports::onFocus(std::function<void()> changed) {
 }
 
 void HostFocusReports::follow() {
-    for (const bridge::HostName& host : bridge::hostsIn(folder_->descriptor.number()))
+    for (const bridge::HostName& host : bridge::hostsIn(folder_.number()))
         watch(bridge::socketName(host));
 }
 
@@ -80,7 +76,7 @@ void HostFocusReports::watch(const std::string& socket) {
         return;
     auto made = std::make_unique<Watch>();
     made->browserID = host->browserID;
-    made->connection = bridge::connectedTo(folder_->descriptor.number(), *host);
+    made->connection = bridge::connectedTo(folder_.number(), *host);
     if (!made->connection || !ask(made->connection))
         return;
     made->notifier =

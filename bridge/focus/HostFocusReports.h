@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bridge/frames/FileDescriptor.h"
 #include "platform/Observers.h"
 #include "platform/linux/FocusReports.h"
 
@@ -37,8 +38,7 @@ private:
     void read(const std::string& socket);
     void settle();
 
-    struct Folder;
-    std::unique_ptr<Folder> folder_;
+    bridge::FileDescriptor folder_;
     QFileSystemWatcher watcher_;
     std::map<std::string, std::unique_ptr<Watch>> watches_; ///< by the names of their sockets
     std::uint64_t lastReport_ = 0;

@@ -76,12 +76,7 @@ bool LibraryFilter::narrows(const LibraryFilter& other) const {
 }
 
 LinkPointers LibraryFilter::visibleLinks(const std::vector<SavedLink>& links) const {
-    VisibleTest test(*this);
-    LinkPointers visible;
-    for (const SavedLink& link : links)
-        if (isInScope(link) && test.passes(link))
-            visible.push_back(&link);
-    return visible;
+    return visibleLinks(pointers(links));
 }
 
 LinkPointers LibraryFilter::visibleLinks(const LinkPointers& links) const {

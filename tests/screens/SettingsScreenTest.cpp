@@ -274,6 +274,12 @@ class BrowserAccessTest : public SettingsScreenTest {
 protected:
     BrowserAccess& access() { return *screen().browserAccess(); }
     QVariant at(int row, int role) { return access().data(access().index(row), role); }
+    void givenNoExtension() {
+        scripts.answer = [](const ScriptRun& run) {
+            return CannedScripts::Answer(failure(
+                CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
+        };
+    }
     void check() {
         access().check();
         settle();
@@ -281,10 +287,7 @@ protected:
 };
 
 TEST_F(BrowserAccessTest, aBrowserWithoutTheExtensionOffersItsSteps) {
-    scripts.answer = [](const ScriptRun& run) {
-        return CannedScripts::Answer(failure(
-            CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
-    };
+    givenNoExtension();
     check();
     EXPECT_EQ(at(0, BrowserAccess::WordsRole), u"Extension not added"_qs);
     EXPECT_EQ(at(0, BrowserAccess::HasStepsRole), true);
@@ -302,10 +305,7 @@ TEST_F(BrowserAccessTest, aBrowserWithoutTheExtensionOffersItsSteps) {
 }
 
 TEST_F(BrowserAccessTest, theOnlyStepsAreUnfoldedOnceAndStayAsTheUserLeavesThem) {
-    scripts.answer = [](const ScriptRun& run) {
-        return CannedScripts::Answer(failure(
-            CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
-    };
+    givenNoExtension();
     check();
     EXPECT_EQ(at(0, BrowserAccess::ExpandedRole), true);
     access().toggleSteps(0);
@@ -320,10 +320,7 @@ TEST_F(BrowserAccessTest, theStepsOfSeveralBrowsersWaitToBeAskedFor) {
     workspace.running.push_back({.bundleIdentifier = "com.brave.Browser",
                                  .localizedName = "Brave",
                                  .processIdentifier = 43});
-    scripts.answer = [](const ScriptRun& run) {
-        return CannedScripts::Answer(failure(
-            CaptureFailure(CaptureError{CaptureError::Cause::permission, run.browserName})));
-    };
+    givenNoExtension();
     check();
     ASSERT_EQ(access().rowCount(), 2);
     for (const int row : {0, 1}) {

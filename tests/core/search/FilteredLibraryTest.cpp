@@ -2,7 +2,6 @@
 
 #include "core/search/FilteredLibrary.h"
 
-#include "core/search/LinkQuery.h"
 #include "tests/core/Generated.h"
 #include "tests/core/UserLocale.h"
 
